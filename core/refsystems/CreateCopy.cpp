@@ -1,0 +1,33 @@
+#include "core/refsystems/GeocentricReferenceSystem.h"
+#include "core/refsystems/GeodeticReferenceSystem.h"
+#include "core/refsystems/ReferenceSystem.h"
+
+namespace KvRefSystem {
+
+namespace {
+
+/** Null when the kind was claimed by an object of another class. */
+template <class Kind>
+TReferenceSystem* CopyAs(TReferenceSystem const& source) {
+    auto const* const kind = dynamic_cast<Kind const*>(&source);
+    return kind == nullptr ? nullptr : new Kind(*kind);
+}
+
+} // namespace
+
+TReferenceSystem* CreateCopy(TReferenceSystem const& source) {
+    try {
+        switch (source.Type) {
+        case rstGeocentric:
+            return CopyAs<TGeocentricReferenceSystem>(source);
+        case rstGeodetic:
+            return CopyAs<TGeodeticReferenceSystem>(source);
+        default:
+            return nullptr;
+        }
+    } catch (...) {
+        return nullptr;
+    }
+}
+
+} // namespace KvRefSystem

@@ -1,0 +1,3 @@
+#include "frame/imported/BaseGrid.h"
+
+TBaseGrid::~TBaseGrid() = default;

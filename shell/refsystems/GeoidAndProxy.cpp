@@ -1,0 +1,152 @@
+#include "shell/refsystems/DescriptionTags.h"
+#include "shell/refsystems/ReferenceSystem.h"
+
+#include <memory>
+#include <stdexcept>
+
+namespace KvRefSystem {
+
+namespace {
+
+std::string GeoidSettingOf(TStringTree const* tree) {
+    std::string id;
+    if (!tree) {
+        return id;
+    }
+    if (TStringTree const* const setting = tree->FindSubtree(DescriptionTag::Geoid, 0)) {
+        setting->GetString(DescriptionTag::GeoidId, 0, &id);
+    }
+    return id;
+}
+
+} // namespace
+
+bool TShellReferenceSystem::SetGeoid(std::string const& id, TBaseGrid* grid, TShellReferenceSystem const* gridRefSys) {
+    try {
+        if (Geoid) {
+            ClearGeoid();
+        }
+        if (!grid || !gridRefSys) {
+            throw std::invalid_argument("a geoid needs a grid and the grid's reference system");
+        }
+        Geoid = new TShellGeoid(id, grid, gridRefSys);
+        Geoid->Preset(this);
+        return InsertGeoidSetting(id);
+    } catch (...) {
+        delete Geoid;
+        Geoid = nullptr;
+        throw std::runtime_error("void TShellReferenceSystem::SetGeoid(TBaseGrid*, const TShellReferenceSystem*)");
+    }
+}
+
+void TShellReferenceSystem::ClearGeoid() {
+    delete Geoid;
+    Geoid = nullptr;
+    ClearGeoidSetting();
+}
+
+bool TShellReferenceSystem::InsertGeoidSetting(std::string const& id) {
+    if (!SavedTree) {
+        return false;
+    }
+    SavedTree->DeleteSubtree(DescriptionTag::Geoid, 0);
+    return SavedTree->InsertSubtree("Geoid", DescriptionTag::Geoid, 0) &&
+           SavedTree->FindSubtree(DescriptionTag::Geoid, 0)->InsertString("GeoidID", DescriptionTag::GeoidId, 0, id);
+}
+
+void TShellReferenceSystem::ClearGeoidSetting() {
+    if (SavedTree) {
+        SavedTree->DeleteSubtree(DescriptionTag::Geoid, 0);
+    }
+}
+
+std::string TShellReferenceSystem::GetGeoidSetting() const {
+    return GeoidSettingOf(SavedTree);
+}
+
+std::string TShellReferenceSystem::GetGeoidID() const {
+    return Geoid ? Geoid->Id : std::string();
+}
+
+bool TShellReferenceSystem::ContainsGeoid() const {
+    return Geoid && !Geoid->Id.empty();
+}
+
+TBaseGrid* TShellReferenceSystem::GetGeoidGrid() const {
+    return Geoid ? Geoid->Grid : nullptr;
+}
+
+TShellReferenceSystem const* TShellReferenceSystem::GetGeoidGridRefSystem() const {
+    return Geoid ? Geoid->GridRefSystem : nullptr;
+}
+
+bool TShellReferenceSystem::CheckGeoid() const {
+    if (!SavedTree || !SavedTree->FindSubtree(DescriptionTag::Geoid, 0)) {
+        return GetGeoidID().empty();
+    }
+    return GetGeoidID() == GetGeoidSetting();
+}
+
+bool TShellReferenceSystem::SetProxyRefSys(var_a<TShellReferenceSystem*> proxy) {
+    ClearProxyRefSys();
+    // A proxy of itself would hold itself alive for ever and describe itself without end.
+    if (CoreRefSystem && proxy && proxy->CoreRefSystem && proxy.get() != this) {
+        ProxyRefSys = proxy;
+        if (!InsertProxyRefSysToTree(nullptr)) {
+            ProxyRefSys.release();
+        }
+    }
+    return static_cast<bool>(ProxyRefSys);
+}
+
+void TShellReferenceSystem::ClearProxyRefSys() {
+    ProxyRefSys.release();
+    DeleteProxyRefSysFromTree();
+}
+
+void TShellReferenceSystem::DeleteProxyRefSysFromTree() {
+    if (SavedTree) {
+        SavedTree->DeleteSubtree(DescriptionTag::Proxy, 0);
+    }
+}
+
+bool TShellReferenceSystem::InsertProxyRefSysToTree(TShellReferenceSystem const*) {
+    DeleteProxyRefSysFromTree();
+    if (!SavedTree || !ProxyRefSys || !ProxyRefSys->SavedTree || ProxyRefSys.get() == this) {
+        return false;
+    }
+    return SavedTree->InsertSubtree("Proxy reference system", DescriptionTag::Proxy, 0) &&
+           ProxyRefSys->SavedTree->CopyTo(SavedTree->FindSubtree(DescriptionTag::Proxy, 0));
+}
+
+var_a<TShellReferenceSystem*> TShellReferenceSystem::GetProxyRefSys() const {
+    return ProxyRefSys;
+}
+
+bool TShellReferenceSystem::ContainsProxyRefSys() const {
+    return static_cast<bool>(ProxyRefSys);
+}
+
+std::string TShellReferenceSystem::GetProxyRefSysStr() const {
+    std::string text;
+    if (ProxyRefSys) {
+        ProxyRefSys->WriteToString(text);
+    }
+    return text;
+}
+
+std::string TShellReferenceSystem::GetProxyRefSysName() const {
+    return ProxyRefSys ? ProxyRefSys->Name : std::string();
+}
+
+std::string TShellReferenceSystem::GetProxyGeoidSetting() const {
+    return ProxyRefSys ? GeoidSettingOf(ProxyRefSys->SavedTree) : std::string();
+}
+
+std::string TShellReferenceSystem::GetProxyGeoidID() const {
+    return ProxyRefSys ? ProxyRefSys->GetGeoidID() : std::string();
+}
+
+void TShellReferenceSystem::SetProxyGeoid(std::string const&, TBaseGrid*, TShellReferenceSystem const*) {}
+
+} // namespace KvRefSystem

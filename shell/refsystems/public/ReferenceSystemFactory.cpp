@@ -1,0 +1,44 @@
+#include "shell/refsystems/public/ReferenceSystemFactory.h"
+
+#include "frame/XmlSections.h"
+#include "shell/refsystems/DescriptionTags.h"
+#include "shell/refsystems/GeodeticReferenceSystem.h"
+
+namespace KvRefSystem {
+
+TShellReferenceSystem* CreateShellReferenceSystem(std::string text, TKvProgressHandler*) {
+    try {
+        TStringTree tree;
+        tree.ReadFromString(text.c_str(), nullptr, nullptr);
+        return CreateShellReferenceSystem(&tree, nullptr);
+    } catch (...) {
+        return nullptr;
+    }
+}
+
+TShellReferenceSystem* CreateShellReferenceSystem(TStringTree* tree, TKvProgressHandler* progress) {
+    int type = 0;
+    if (!tree || !tree->GetInteger(DescriptionTag::Type, 0, &type)) {
+        return nullptr;
+    }
+    switch (type) {
+    case rstGeodetic:
+        return new TShellGeodeticReferenceSystem(tree, progress);
+    default:
+        return nullptr;
+    }
+}
+
+TShellReferenceSystem* CreateShellReferenceSystem(TKvXIniReader* reader, TKvProgressHandler* progress) {
+    if (!reader) {
+        return nullptr;
+    }
+    switch (ReadXmlInt(reader, "RefSystemType", 0)) {
+    case rstGeodetic:
+        return new TShellGeodeticReferenceSystem(reader, progress);
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace KvRefSystem

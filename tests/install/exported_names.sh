@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# The libraries export the names of their own namespaces and classes and nothing of what they are built with:
+# exported_names.sh VELLARI_LIBRARY HOST_KIT_LIBRARY
+set -euo pipefail
+
+status=0
+# check LIBRARY ALLOWED REQUIRED: all demangled names match ALLOWED, and one of them REQUIRED
+check() {
+    local names strange
+    names=$(nm -DC --defined-only "$1" | sed -E 's/^[0-9a-f]+ . //')
+    strange=$(grep -Ev "$2" <<<"$names" || true)
+    if [ -n "$strange" ]; then
+        printf '%s exports names that are not its own:\n%s\n' "$1" "$(head -20 <<<"$strange")"
+        status=1
+    fi
+    if ! grep -Eq "$3" <<<"$names"; then
+        printf '%s exports nothing that matches %s\n' "$1" "$3"
+        status=1
+    fi
+}
+
+record='(vtable for |VTT for |typeinfo for |typeinfo name for |guard variable for |(non-)?virtual thunk to )?'
+# The result type of a template's instance stands before its name.
+result='([A-Za-z_][A-Za-z_0-9:<>, ]*[*&]* )?'
+check "$1" "^(${record}${result}KvRefSystem::|Init_Vellari$|Deinit_Vellari$)" '^Init_Vellari$'
+globals='TKv[A-Za-z_]*|TBaseGrid[A-Za-z_]*|vec_t_<'
+functions='LoadResString|KvPrintDbgMsg|CalcSignedFigureArea'
+hooks='(Init|Deinit)_(QorDataUtils|LumMath)$|GlobalOT$|KvApplication$'
+check "$2" "^(${record}${result}((VellariHostKit|LumCommonUtils|Orvane|var_a_legacy)::|${globals})|${functions}|${hooks})" \
+    '^Init_LumMath$'
+exit $status

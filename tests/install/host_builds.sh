@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# A host outside of the repository builds and runs against an installed tree, by CMake and by pkg-config, also after
+# the tree has been moved: host_builds.sh CMAKE SOURCE_FOLDER BUILD_FOLDER COMPILER
+set -euo pipefail
+
+cmake=$1
+source=$2
+build=$3
+compiler=$4
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+fail() {
+    echo "host_builds: $*" >&2
+    exit 1
+}
+
+"$cmake" --install "$build" --prefix "$work/first" >"$work/install.log" || fail "$(cat "$work/install.log")"
+mv "$work/first" "$work/tree"
+# The host must find all that it needs in the tree: nothing of the repository but its own two files.
+cp -r "$source/examples/host" "$work/host"
+
+"$cmake" -S "$work/host" -B "$work/by-cmake" -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_COMPILER=$compiler" \
+    "-DCMAKE_PREFIX_PATH=$work/tree" >"$work/cmake.log" 2>&1 || fail "$(cat "$work/cmake.log")"
+"$cmake" --build "$work/by-cmake" >"$work/build.log" 2>&1 || fail "$(cat "$work/build.log")"
+
+pc=$(find "$work/tree" -name vellari.pc)
+[ -n "$pc" ] || fail "the installed tree has no vellari.pc"
+export PKG_CONFIG_PATH=${pc%/*}
+libraries=$(pkg-config --variable=libdir vellari)
+# shellcheck disable=SC2046 # the flags are words
+"$compiler" -O2 -Wall -Wextra -Wpedantic -Werror $(pkg-config --cflags vellari) "$work/host/main.cpp" \
+    -o "$work/by-pkg-config" $(pkg-config --libs vellari) "-Wl,-rpath,$libraries"
+
+descriptions=$work/tree/share/Vellari/catalog
+arguments=("$descriptions/pulkovo-1942.txt" "$descriptions/wgs-84.txt" 55.75 37.62 150)
+by_cmake=$("$work/by-cmake/host" "${arguments[@]}")
+by_pkg_config=$("$work/by-pkg-config" "${arguments[@]}")
+echo "CMake: $by_cmake; pkg-config: $by_pkg_config"
+
+[ "$by_cmake" = "$by_pkg_config" ] || fail "the two hosts differ"
+number='-?[0-9]+\.[0-9]{9}'
+[[ $by_cmake =~ ^$number\ $number\ $number$ ]] || fail "\"$by_cmake\" isn't three finite numbers"
+# The datums lie some hundred metres apart: the point moves, but by less than a hundredth of a degree.
+read -r latitude longitude _ <<<"$by_cmake"
+[[ $latitude == 55.7[45]* && $longitude == 37.61[0-9]* ]] || fail "\"$by_cmake\" isn't near 55.75 37.62"
+
+tool=$("$work/tree/bin/vellari" --version)
+echo "installed tool: $tool"
