@@ -213,12 +213,12 @@ public:
     /** Reads from the current section; `item` isn't used. @return false when something is missing; what was read stays. */
     bool ReadFromXML(TKvXIniReader* reader, unsigned long item, TDataTree* enclosing);
 
-    TDataTree* parent;              ///< enclosing tree, null at the root; not owned
-    TPtrVector<TDataTree> subtrees; ///< children, in order of insertion
+    TDataTree* parent;                ///< enclosing tree, null at the root; not owned
+    TPtrVector<TDataTree> subtrees;   ///< children, in order of insertion
     TPtrVector<TDataField<T>> fields; ///< fields, in order of insertion
-    int tag;                        ///< tree number
-    int idx;                        ///< occurrence under that number
-    std::string header;             ///< label, written raw: must not hold an LF
+    int tag;                          ///< tree number
+    int idx;                          ///< occurrence under that number
+    std::string header;               ///< label, written raw: must not hold an LF
 };
 
 extern template class TDataField<std::string>;

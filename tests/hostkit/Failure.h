@@ -1,0 +1,15 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+/** @return the text of the std::runtime_error that `call` throws; a note that doesn't match anything without one. */
+template <class Call>
+std::string FailureOf(Call call) {
+    try {
+        call();
+    } catch (std::runtime_error const& error) {
+        return error.what();
+    }
+    return "(nothing was thrown)";
+}
