@@ -159,6 +159,8 @@ template bool TKvXIniReader::Read<bool>(unsigned long, bool);
 template double TKvXIniReader::Read<double>(unsigned long, double);
 template std::string TKvXIniReader::Read<std::string>(unsigned long, std::string);
 template int TKvXIniReader::ReadE<int>(unsigned long);
+template bool TKvXIniReader::ReadE<bool>(unsigned long);
+template double TKvXIniReader::ReadE<double>(unsigned long);
 template std::string TKvXIniReader::ReadE<std::string>(unsigned long);
 template bool TKvXIniWriter::WriteS<int>(std::string const&, int const&);
 template bool TKvXIniWriter::WriteS<bool>(std::string const&, bool const&);

@@ -116,7 +116,7 @@ void CheckAttributes(ParsedDocument const& document, pugi::xml_node const& node)
 void CheckElements(ParsedDocument const& document, pugi::xml_node const& root) {
     unsigned long depth = 1;
     for (pugi::xml_node node = root; node;) {
-        if (depth > MaxXmlDepth) {
+        if (depth > MaxXmlDepth && node.type() == pugi::node_element) {
             Refuse(document, OffsetOf(node), FormatText("elements are nested deeper than %lu", MaxXmlDepth));
         }
         CheckAttributes(document, node);

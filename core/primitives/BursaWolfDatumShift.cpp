@@ -13,23 +13,33 @@ constexpr double IdentityMatrix[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
 
 } // namespace
 
-// --- Parameters ---------------------------------------------------------------------------------------------------
+// --- Parameters --------------------------------------------------------------------------------------------
 
-TBursaWolfDatumShiftParameters::TBursaWolfDatumShiftParameters() : TBursaWolfDatumShiftParameters(0, 0, 0) {
-}
+TBursaWolfDatumShiftParameters::TBursaWolfDatumShiftParameters() : TBursaWolfDatumShiftParameters(0, 0, 0) {}
 
 TBursaWolfDatumShiftParameters::TBursaWolfDatumShiftParameters(double const& dx, double const& dy,
                                                                double const& dz)
-    : RotationX(0), RotationY(0), RotationZ(0), Scale(1), ShiftX(dx), ShiftY(dy), ShiftZ(dz), OnlyShift(true) {
-}
+    : RotationX(0),
+      RotationY(0),
+      RotationZ(0),
+      Scale(1),
+      ShiftX(dx),
+      ShiftY(dy),
+      ShiftZ(dz),
+      OnlyShift(true) {}
 
 TBursaWolfDatumShiftParameters::TBursaWolfDatumShiftParameters(double const& dx, double const& dy,
                                                                double const& dz, double const& rx,
                                                                double const& ry, double const& rz,
                                                                double const& scale)
-    : RotationX(rx), RotationY(ry), RotationZ(rz), Scale(scale), ShiftX(dx), ShiftY(dy), ShiftZ(dz),
-      OnlyShift(scale == 1.0 && rx == 0.0 && ry == 0.0 && rz == 0.0) {
-}
+    : RotationX(rx),
+      RotationY(ry),
+      RotationZ(rz),
+      Scale(scale),
+      ShiftX(dx),
+      ShiftY(dy),
+      ShiftZ(dz),
+      OnlyShift(scale == 1.0 && rx == 0.0 && ry == 0.0 && rz == 0.0) {}
 
 TBursaWolfDatumShiftParameters::TBursaWolfDatumShiftParameters(TBursaWolfDatumShiftParameters const& src,
                                                                bool invert)
@@ -63,15 +73,13 @@ TBursaWolfDatumShiftParameters::TBursaWolfDatumShiftParameters(TBursaWolfDatumSh
     ShiftZ = -(dz + ry * dx - rx * dy) / s;
 }
 
-// --- Small-angle form ---------------------------------------------------------------------------------------------
+// --- Small-angle form --------------------------------------------------------------------------------------
 
 TBursaWolfDatumShift::TBursaWolfDatumShift(TBursaWolfDatumShiftParameters const& parameters)
-    : TDatumShift(dsBursaWolf), Parameters(new TBursaWolfDatumShiftParameters(parameters)) {
-}
+    : TDatumShift(dsBursaWolf), Parameters(new TBursaWolfDatumShiftParameters(parameters)) {}
 
 TBursaWolfDatumShift::TBursaWolfDatumShift(TBursaWolfDatumShift const& source)
-    : TDatumShift(dsBursaWolf), Parameters(new TBursaWolfDatumShiftParameters(*source.Parameters)) {
-}
+    : TDatumShift(dsBursaWolf), Parameters(new TBursaWolfDatumShiftParameters(*source.Parameters)) {}
 
 TBursaWolfDatumShift::~TBursaWolfDatumShift() {
     delete Parameters;
@@ -131,10 +139,11 @@ bool TBursaWolfDatumShift::IsNonlinear() const {
     return false;
 }
 
-// --- Form with exact rotations ------------------------------------------------------------------------------------
+// --- Form with exact rotations -----------------------------------------------------------------------------
 
 TBursaWolfNonlinearDatumShift::TBursaWolfNonlinearDatumShift(TBursaWolfDatumShiftParameters const& parameters)
-    : TDatumShift(dsBursaWolfNonlinear), OnlyShift(parameters.OnlyShift),
+    : TDatumShift(dsBursaWolfNonlinear),
+      OnlyShift(parameters.OnlyShift),
       Scale(parameters.OnlyShift ? 1.0 : parameters.Scale),
       Shift{parameters.ShiftX, parameters.ShiftY, parameters.ShiftZ} {
     if (OnlyShift) {
@@ -147,12 +156,15 @@ TBursaWolfNonlinearDatumShift::TBursaWolfNonlinearDatumShift(TBursaWolfDatumShif
     double const cb = std::cos(parameters.RotationY);
     double const sc = std::sin(parameters.RotationZ);
     double const cc = std::cos(parameters.RotationZ);
-    double const rows[9] = {
-        cb * cc,                -cb * sc,               sb,       //
-        sa * sb * cc + ca * sc, ca * cc - sa * sb * sc, -sa * cb, //
-        sa * sc - ca * sb * cc, ca * sb * sc + sa * cc, ca * cb,
-    };
-    std::copy(std::begin(rows), std::end(rows), Matrix);
+    Matrix[0] = cb * cc;
+    Matrix[1] = -cb * sc;
+    Matrix[2] = sb;
+    Matrix[3] = sa * sb * cc + ca * sc;
+    Matrix[4] = ca * cc - sa * sb * sc;
+    Matrix[5] = -sa * cb;
+    Matrix[6] = sa * sc - ca * sb * cc;
+    Matrix[7] = ca * sb * sc + sa * cc;
+    Matrix[8] = ca * cb;
 }
 
 TBursaWolfNonlinearDatumShift::~TBursaWolfNonlinearDatumShift() = default;
@@ -201,7 +213,7 @@ bool TBursaWolfNonlinearDatumShift::IsNonlinear() const {
     return true;
 }
 
-// --- Copies -------------------------------------------------------------------------------------------------------
+// --- Copies ------------------------------------------------------------------------------------------------
 
 TDatumShift* CreateDatumShiftCopy(TDatumShift const* source) {
     if (source == nullptr) {
@@ -212,7 +224,8 @@ TDatumShift* CreateDatumShiftCopy(TDatumShift const* source) {
         case dsBursaWolf:
             return new TBursaWolfDatumShift(dynamic_cast<TBursaWolfDatumShift const&>(*source));
         case dsBursaWolfNonlinear:
-            return new TBursaWolfNonlinearDatumShift(dynamic_cast<TBursaWolfNonlinearDatumShift const&>(*source));
+            return new TBursaWolfNonlinearDatumShift(
+                dynamic_cast<TBursaWolfNonlinearDatumShift const&>(*source));
         }
     } catch (...) {
         return nullptr;

@@ -12,6 +12,15 @@ constexpr double Pi = 3.141592653589793;
 constexpr double TwoPi = 6.283185307179586;
 constexpr double HalfPi = 1.5707963267948966;
 
+/** The passes on the tangent serve up to this one, some kilometres from the axis, where no digits cancel. */
+constexpr double GreatestTangent = 1e3;
+
+/** Below it, in radians, an angle and its tangent are one. */
+constexpr double SmallAngle = 1e-6;
+
+/** Points near the ground need three or four passes. */
+constexpr int TangentPasses = 16;
+
 /** What the forward azimuthal equal-area projection needs of its centre [Snyder87, 187-188]. */
 struct AzimuthalCentre {
     double longitude; ///< radians
@@ -93,15 +102,6 @@ bool IterateOnAngle(TEllipsoid const& ellipsoid, double p, double z, double* lat
     *latitude = phi;
     return !(difference > ellipsoid.Tolerance);
 }
-
-/** The passes on the tangent serve up to this one, some kilometres from the axis, where no digits cancel. */
-constexpr double GreatestTangent = 1e3;
-
-/** Below it, in radians, an angle and its tangent are one. */
-constexpr double SmallAngle = 1e-6;
-
-/** Points near the ground need three or four passes. */
-constexpr int TangentPasses = 16;
 
 /**
  * The same passes on t = tan phi, without a sine and an arc tangent in each: nu sin phi = a t / r and
@@ -226,7 +226,8 @@ void TEllipsoid::AuthalicTransformationOntoSphere(double const& lat, double cons
                                                   double* sphereLon) const {
     double const phi = lat;
     double const lambda = lon;
-    *sphereLat = phi - AuthalicSin2Coefficient * std::sin(2 * phi) + AuthalicSin4Coefficient * std::sin(4 * phi);
+    *sphereLat =
+        phi - AuthalicSin2Coefficient * std::sin(2 * phi) + AuthalicSin4Coefficient * std::sin(4 * phi);
     *sphereLon = lambda;
 }
 
@@ -248,7 +249,8 @@ double TEllipsoid::CalculateArea(std::vector<vec_t_<double, 2>> const& vertices)
     centre.longitude = (box.lonMax + lonMin) / 2;
     centre.sinBeta = std::sin(beta0);
     centre.cosBeta = std::cos(beta0);
-    centre.stretch = SemiMajorAxis * (std::cos(lat0) / std::sqrt(1 - EccentricitySquared * sinLat0 * sinLat0)) /
+    centre.stretch = SemiMajorAxis *
+                     (std::cos(lat0) / std::sqrt(1 - EccentricitySquared * sinLat0 * sinLat0)) /
                      (AuthalicRadius * centre.cosBeta);
 
     std::vector<vec_t_<double, 2>> plane;
@@ -260,8 +262,8 @@ double TEllipsoid::CalculateArea(std::vector<vec_t_<double, 2>> const& vertices)
         double const sinD = std::sin(vertex[1] - centre.longitude);
         double const cosD = std::cos(vertex[1] - centre.longitude);
         // [Snyder87, 24-19]
-        double const B = AuthalicRadius * std::sqrt(2 / (1 + centre.sinBeta * sinBeta +
-                                                         centre.cosBeta * cosBeta * cosD));
+        double const B =
+            AuthalicRadius * std::sqrt(2 / (1 + centre.sinBeta * sinBeta + centre.cosBeta * cosBeta * cosD));
         vec_t_<double, 2> point;
         point[0] = B * centre.stretch * cosBeta * sinD;
         point[1] = (B / centre.stretch) * (centre.cosBeta * sinBeta - centre.sinBeta * cosBeta * cosD);

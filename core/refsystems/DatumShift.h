@@ -41,15 +41,15 @@ public:
 /** Compares two classes of the family; answers C++20's reversed candidates. */
 template <class A, class C>
     requires std::derived_from<A, TDatumShift> && std::derived_from<C, TDatumShift> &&
-             (!(std::same_as<A, TDatumShift> && std::same_as<C, TDatumShift>))
-bool operator==(A const& first, C const& second) {
-    return static_cast<TDatumShift const&>(first).operator==(static_cast<TDatumShift const&>(second));
-}
+        (!(std::same_as<A, TDatumShift> && std::same_as<C, TDatumShift>)) bool
+        operator==(A const& first, C const& second) {
+        return static_cast<TDatumShift const&>(first).operator==(static_cast<TDatumShift const&>(second));
+    }
 
-/**
+    /**
  * @return a new object of the same class, which the caller owns; null for null, for an unknown type or when
  *         the copy failed (the exception is swallowed).
  */
-TDatumShift* CreateDatumShiftCopy(TDatumShift const* source);
+    TDatumShift* CreateDatumShiftCopy(TDatumShift const* source);
 
 } // namespace KvRefSystem

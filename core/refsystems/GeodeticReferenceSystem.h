@@ -20,8 +20,8 @@ public:
      * @param ellipsoid copied.
      * @throws std::runtime_error without an ellipsoid, or when the shift can't be copied.
      */
-    TGeodeticReferenceSystem(TDatumShift const* shift, TPrimeMeridian const* meridian, TEllipsoid const* ellipsoid,
-                             TRefSystemTransformsSet const& transforms,
+    TGeodeticReferenceSystem(TDatumShift const* shift, TPrimeMeridian const* meridian,
+                             TEllipsoid const* ellipsoid, TRefSystemTransformsSet const& transforms,
                              std::map<std::string, TRefSystemTransformsSet> const& pairwise);
     TGeodeticReferenceSystem(TGeodeticReferenceSystem const& source);
     ~TGeodeticReferenceSystem() override;
@@ -43,8 +43,9 @@ public:
     /** Geocentric metres of the system's own axes to longitude, latitude, height. @throws std::runtime_error. */
     void ConvertFromGeocentric(TCoords* coords) const;
 
-    TEllipsoid* Ellipsoid;                       ///< owned
-    TGeocentricReferenceSystem* GeocentricSystem; ///< owned; holds datum shift and meridian, with an empty chain
+    TEllipsoid* Ellipsoid; ///< owned
+    TGeocentricReferenceSystem*
+        GeocentricSystem; ///< owned; holds datum shift and meridian, with an empty chain
 };
 
 } // namespace KvRefSystem

@@ -67,16 +67,16 @@ protected:
 /** Compares two classes of the family; answers C++20's reversed candidates. */
 template <class A, class C>
     requires std::derived_from<A, TRefSystemTransform> && std::derived_from<C, TRefSystemTransform> &&
-             (!(std::same_as<A, TRefSystemTransform> && std::same_as<C, TRefSystemTransform>))
-bool operator==(A const& first, C const& second) {
-    return static_cast<TRefSystemTransform const&>(first).operator==(
-        static_cast<TRefSystemTransform const&>(second));
-}
+        (!(std::same_as<A, TRefSystemTransform> && std::same_as<C, TRefSystemTransform>)) bool
+        operator==(A const& first, C const& second) {
+        return static_cast<TRefSystemTransform const&>(first).operator==(
+            static_cast<TRefSystemTransform const&>(second));
+    }
 
-/**
+    /**
  * @return a new object of the same class, which the caller owns; null for a type outside 1 to 6 or when the
  *         copy failed (the exception is swallowed).
  */
-TRefSystemTransform* CreateTransformCopy(TRefSystemTransform const& source);
+    TRefSystemTransform* CreateTransformCopy(TRefSystemTransform const& source);
 
 } // namespace KvRefSystem

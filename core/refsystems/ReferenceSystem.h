@@ -132,7 +132,8 @@ public:
 
     TReferenceSystemType Type;          ///< kind, fixed at construction
     TRefSystemTransformsSet Transforms; ///< own chain, from base to the user's coordinates
-    std::map<std::string, TRefSystemTransformsSet> PairwiseTransforms; ///< chains for pairs of systems, by key
+    std::map<std::string, TRefSystemTransformsSet>
+        PairwiseTransforms; ///< chains for pairs of systems, by key
 
 protected:
     TReferenceSystem(TReferenceSystemType type, TRefSystemTransformsSet const& transforms);
@@ -143,15 +144,16 @@ protected:
 /** Compares two classes of the family; answers C++20's reversed candidates. */
 template <class A, class C>
     requires std::derived_from<A, TReferenceSystem> && std::derived_from<C, TReferenceSystem> &&
-             (!(std::same_as<A, TReferenceSystem> && std::same_as<C, TReferenceSystem>))
-bool operator==(A const& first, C const& second) {
-    return static_cast<TReferenceSystem const&>(first).operator==(static_cast<TReferenceSystem const&>(second));
-}
+        (!(std::same_as<A, TReferenceSystem> && std::same_as<C, TReferenceSystem>)) bool
+        operator==(A const& first, C const& second) {
+        return static_cast<TReferenceSystem const&>(first).operator==(
+            static_cast<TReferenceSystem const&>(second));
+    }
 
-/**
+    /**
  * @return a new system of the same kind, which the caller owns; null for a kind outside 1 to 6 or when the
  *         copy failed (the exception is swallowed).
  */
-TReferenceSystem* CreateCopy(TReferenceSystem const& source);
+    TReferenceSystem* CreateCopy(TReferenceSystem const& source);
 
 } // namespace KvRefSystem

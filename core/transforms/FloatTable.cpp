@@ -66,7 +66,7 @@ void ResetToEmpty(FloatTable* table) {
     table->OriginX = 0;
     table->OriginY = 0;
     table->MinValue = std::numeric_limits<float>::max();
-    // Kept: the smallest positive number, not the lowest one; descriptions of empty tables compare equal by it.
+    // Kept: the smallest positive number and not the lowest one; hosts see that in an empty table.
     table->MaxValue = std::numeric_limits<float>::min();
     table->Rows = nullptr;
     table->Crc = 0;
@@ -141,8 +141,8 @@ bool ReadTable(std::string const& text, TKvProgressHandler* handler, FloatTable*
     if (!ReadHeader(text, &header)) {
         return false;
     }
-    // A token takes at least one character and a separator: a count beyond that is refused before any memory is
-    // asked for.
+    // A token takes at least one character and a separator: a count beyond that is refused before any memory
+    // is asked for.
     std::uint64_t const valueCount =
         static_cast<std::uint64_t>(header.sizeX) * static_cast<std::uint64_t>(header.sizeY);
     std::uint64_t const tokenCount = valueCount + HeaderTokens;
@@ -156,13 +156,14 @@ bool ReadTable(std::string const& text, TKvProgressHandler* handler, FloatTable*
     TKvStepProgress progress(handler);
     progress.Start(tokenCount + sizeY);
     auto const tokens = std::make_unique<std::string[]>(expected);
-    if (LumCommonUtils::SplitString(text.c_str(), Separators, tokens.get(), expected, progress.Handler(), false) !=
-        expected) {
+    if (LumCommonUtils::SplitString(text.c_str(), Separators, tokens.get(), expected, progress.Handler(),
+                                    false) != expected) {
         progress.Stop();
         return false;
     }
     float const step = static_cast<float>(header.step);
-    table->Setup(sizeX, sizeY, step, step, static_cast<float>(header.originX), static_cast<float>(header.originY));
+    table->Setup(sizeX, sizeY, step, step, static_cast<float>(header.originX),
+                 static_cast<float>(header.originY));
     std::size_t k = HeaderTokens;
     for (unsigned y = 0; y < sizeY; ++y) {
         for (unsigned x = 0; x < sizeX; ++x, ++k) {

@@ -41,17 +41,17 @@ public:
      */
     bool LoadFromString2(std::string const& text, TKvProgressHandler* progress);
 
-    unsigned SizeX;  ///< number of columns, first index
-    unsigned SizeY;  ///< number of values in a column, second index
-    float StepX;     ///< step of the first index
-    float StepY;     ///< step of the second index
-    float OriginX;   ///< coordinate of first index 0
-    float OriginY;   ///< coordinate of second index 0
-    float MinValue;  ///< least value; the largest float in the empty state
-    float MaxValue;  ///< greatest value; the smallest positive normal float in the empty state
-    float** Rows;    ///< SizeX owned arrays of SizeY values
-    unsigned Crc;    ///< CRC-32 of all values
-    bool CrcValid;   ///< `Crc` holds for the present values
+    unsigned SizeX; ///< number of columns, first index
+    unsigned SizeY; ///< number of values in a column, second index
+    float StepX;    ///< step of the first index
+    float StepY;    ///< step of the second index
+    float OriginX;  ///< coordinate of first index 0
+    float OriginY;  ///< coordinate of second index 0
+    float MinValue; ///< least value; the largest float in the empty state
+    float MaxValue; ///< greatest value; the smallest positive normal float in the empty state
+    float** Rows;   ///< SizeX owned arrays of SizeY values
+    unsigned Crc;   ///< CRC-32 of all values
+    bool CrcValid;  ///< `Crc` holds for the present values
 };
 
 } // namespace KvRefSystem

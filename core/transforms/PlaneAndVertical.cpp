@@ -18,16 +18,20 @@ constexpr double SingularDeterminant = 1e-20;
 
 } // namespace
 
-// --- Rotation -----------------------------------------------------------------------------------------------------
+// --- Rotation ----------------------------------------------------------------------------------------------
 
 TPlaneRotationRefSystemTransform::TPlaneRotationRefSystemTransform(double const& angle)
-    : TRefSystemTransform(rsttPlaneRotation), Angle(angle), SinAngle(std::sin(angle)), CosAngle(std::cos(angle)) {
-}
+    : TRefSystemTransform(rsttPlaneRotation),
+      Angle(angle),
+      SinAngle(std::sin(angle)),
+      CosAngle(std::cos(angle)) {}
 
-TPlaneRotationRefSystemTransform::TPlaneRotationRefSystemTransform(TPlaneRotationRefSystemTransform const& source)
-    : TRefSystemTransform(rsttPlaneRotation), Angle(source.Angle), SinAngle(source.SinAngle),
-      CosAngle(source.CosAngle) {
-}
+TPlaneRotationRefSystemTransform::TPlaneRotationRefSystemTransform(
+    TPlaneRotationRefSystemTransform const& source)
+    : TRefSystemTransform(rsttPlaneRotation),
+      Angle(source.Angle),
+      SinAngle(source.SinAngle),
+      CosAngle(source.CosAngle) {}
 
 bool TPlaneRotationRefSystemTransform::operator==(TRefSystemTransform const& other) const {
     return other.Type == Type && static_cast<TPlaneRotationRefSystemTransform const&>(other).Angle == Angle;
@@ -56,15 +60,13 @@ void TPlaneRotationRefSystemTransform::Output(std::vector<std::string>* lines) c
     lines->push_back(FormatText("Angle = %lg degrees", Angle * 180 / Pi));
 }
 
-// --- Shift --------------------------------------------------------------------------------------------------------
+// --- Shift -------------------------------------------------------------------------------------------------
 
 TPlaneShiftRefSystemTransform::TPlaneShiftRefSystemTransform(double const& dX, double const& dY)
-    : TRefSystemTransform(rsttPlaneShift), ShiftX(dX), ShiftY(dY) {
-}
+    : TRefSystemTransform(rsttPlaneShift), ShiftX(dX), ShiftY(dY) {}
 
 TPlaneShiftRefSystemTransform::TPlaneShiftRefSystemTransform(TPlaneShiftRefSystemTransform const& source)
-    : TRefSystemTransform(rsttPlaneShift), ShiftX(source.ShiftX), ShiftY(source.ShiftY) {
-}
+    : TRefSystemTransform(rsttPlaneShift), ShiftX(source.ShiftX), ShiftY(source.ShiftY) {}
 
 bool TPlaneShiftRefSystemTransform::operator==(TRefSystemTransform const& other) const {
     if (other.Type != Type) {
@@ -94,7 +96,7 @@ void TPlaneShiftRefSystemTransform::Output(std::vector<std::string>* lines) cons
     lines->push_back(FormatText("dY = %lg", ShiftY));
 }
 
-// --- Affine transformation ----------------------------------------------------------------------------------------
+// --- Affine transformation ---------------------------------------------------------------------------------
 
 TPlaneAffineRefSystemTransform::TPlaneAffineRefSystemTransform(double const* M, double const* S)
     : TRefSystemTransform(rsttPlaneAffine), Matrix{M[0], M[1], M[2], M[3]}, Shift{S[0], S[1]} {
@@ -153,15 +155,14 @@ void TPlaneAffineRefSystemTransform::GetParameters(double* M, double* S) const {
     std::copy(std::begin(Shift), std::end(Shift), S);
 }
 
-// --- Vertical shift -----------------------------------------------------------------------------------------------
+// --- Vertical shift ----------------------------------------------------------------------------------------
 
 TVerticalShiftRefSystemTransform::TVerticalShiftRefSystemTransform(double dZ)
-    : TRefSystemTransform(rsttVerticalShift), ShiftZ(dZ) {
-}
+    : TRefSystemTransform(rsttVerticalShift), ShiftZ(dZ) {}
 
-TVerticalShiftRefSystemTransform::TVerticalShiftRefSystemTransform(TVerticalShiftRefSystemTransform const& source)
-    : TRefSystemTransform(rsttVerticalShift), ShiftZ(source.ShiftZ) {
-}
+TVerticalShiftRefSystemTransform::TVerticalShiftRefSystemTransform(
+    TVerticalShiftRefSystemTransform const& source)
+    : TRefSystemTransform(rsttVerticalShift), ShiftZ(source.ShiftZ) {}
 
 bool TVerticalShiftRefSystemTransform::operator==(TRefSystemTransform const& other) const {
     return other.Type == Type && static_cast<TVerticalShiftRefSystemTransform const&>(other).ShiftZ == ShiftZ;
@@ -185,7 +186,6 @@ void TVerticalShiftRefSystemTransform::Output(std::vector<std::string>* lines) c
     lines->push_back(FormatText("dZ = %lg", ShiftZ));
 }
 
-void TVerticalShiftRefSystemTransform::GetParameters(double) const {
-}
+void TVerticalShiftRefSystemTransform::GetParameters(double) const {}
 
 } // namespace KvRefSystem

@@ -10,7 +10,11 @@ namespace KvRefSystem {
 TPlaneGridRefSystemTransform::TPlaneGridRefSystemTransform(T2DTable<float> const& gridDE,
                                                            T2DTable<float> const& gridDN, double coef,
                                                            TReferenceSystem const* refsystem)
-    : TRefSystemTransform(rsttPlaneGrid), GridDE(nullptr), GridDN(nullptr), GridRefSystem(nullptr), GridCoef(coef) {
+    : TRefSystemTransform(rsttPlaneGrid),
+      GridDE(nullptr),
+      GridDN(nullptr),
+      GridRefSystem(nullptr),
+      GridCoef(coef) {
     try {
         auto copyDE = std::make_unique<T2DTable<float>>(gridDE);
         auto copyDN = std::make_unique<T2DTable<float>>(gridDN);
@@ -28,8 +32,7 @@ TPlaneGridRefSystemTransform::TPlaneGridRefSystemTransform(T2DTable<float> const
 }
 
 TPlaneGridRefSystemTransform::TPlaneGridRefSystemTransform(TPlaneGridRefSystemTransform const& source)
-    : TPlaneGridRefSystemTransform(*source.GridDE, *source.GridDN, source.GridCoef, source.GridRefSystem) {
-}
+    : TPlaneGridRefSystemTransform(*source.GridDE, *source.GridDN, source.GridCoef, source.GridRefSystem) {}
 
 TPlaneGridRefSystemTransform::~TPlaneGridRefSystemTransform() {
     delete GridDE;
@@ -55,8 +58,9 @@ void TPlaneGridRefSystemTransform::BaseToTransformed(TReferenceSystem const* sys
     TCoords place = *coords;
     if (GridRefSystem != nullptr) {
         if (sys == nullptr) {
-            throw std::logic_error("TPlaneGridRefSystemTransform::BaseToTransformed: no system is given from which "
-                                   "the point could be taken into the system of the grid");
+            throw std::logic_error(
+                "TPlaneGridRefSystemTransform::BaseToTransformed: no system is given from which "
+                "the point could be taken into the system of the grid");
         }
         place.Z = 0;
         sys->OperateCoords(*GridRefSystem, &place);

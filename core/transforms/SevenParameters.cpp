@@ -9,13 +9,12 @@ namespace KvRefSystem {
 using LumCommonUtils::T7Params;
 
 TSevenParametersRefSystemTransform::TSevenParametersRefSystemTransform()
-    : TRefSystemTransform(rsttSevenParameters) {
-}
+    : TRefSystemTransform(rsttSevenParameters) {}
 
 TSevenParametersRefSystemTransform::TSevenParametersRefSystemTransform(double const& dX, double const& dY,
                                                                        double const& dZ, double const& alpha,
-                                                                       double const& beta, double const& gamma,
-                                                                       double const& dm)
+                                                                       double const& beta,
+                                                                       double const& gamma, double const& dm)
     : TRefSystemTransform(rsttSevenParameters) {
     T7Params parameters;
     parameters.wx = alpha;
@@ -36,8 +35,9 @@ TSevenParametersRefSystemTransform::TSevenParametersRefSystemTransform(
     T7Params parameters;
     source.Transform.GetParameters(&parameters);
     if (!Transform.Initialize(parameters)) {
-        throw std::runtime_error("TSevenParametersRefSystemTransform::TSevenParametersRefSystemTransform(const "
-                                 "TSevenParametersRefSystemTransform&)");
+        throw std::runtime_error(
+            "TSevenParametersRefSystemTransform::TSevenParametersRefSystemTransform(const "
+            "TSevenParametersRefSystemTransform&)");
     }
 }
 

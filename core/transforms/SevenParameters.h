@@ -16,8 +16,9 @@ public:
      * @throws std::runtime_error with "TSevenParametersRefSystemTransform::TSevenParametersRefSystemTransform" for a
      *         number that isn't finite or for dm = -1.
      */
-    TSevenParametersRefSystemTransform(double const& dX, double const& dY, double const& dZ, double const& alpha,
-                                       double const& beta, double const& gamma, double const& dm);
+    TSevenParametersRefSystemTransform(double const& dX, double const& dY, double const& dZ,
+                                       double const& alpha, double const& beta, double const& gamma,
+                                       double const& dm);
     TSevenParametersRefSystemTransform(TSevenParametersRefSystemTransform const& source);
 
     using TRefSystemTransform::BaseToTransformed;

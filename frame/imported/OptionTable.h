@@ -35,7 +35,8 @@ public:
      * @throws std::runtime_error when the name is registered with another type.
      */
     template <class T>
-    int RegisterOption(std::string const& name, T const& value, typename TOnOptionChangeEvent<T>::type handler);
+    int RegisterOption(std::string const& name, T const& value,
+                       typename TOnOptionChangeEvent<T>::type handler);
 
     /**
      * @param name path of a registered option.

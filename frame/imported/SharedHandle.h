@@ -10,8 +10,8 @@ namespace var_a_legacy {
 
 /** Control item of a shared object: the count and the function that ends it. */
 struct var_a_item {
-    std::atomic<std::uint64_t> count;         ///< number of handles
-    void (*destroy_fn)(var_a_item* item);     ///< called when the count comes to 0
+    std::atomic<std::uint64_t> count;     ///< number of handles
+    void (*destroy_fn)(var_a_item* item); ///< called when the count comes to 0
 
     explicit var_a_item(void (*destroy)(var_a_item* item)) : count(1), destroy_fn(destroy) {}
 };
@@ -55,7 +55,8 @@ public:
     var_a() noexcept = default;
 
     /** Takes over an item whose count already includes this handle. */
-    var_a(var_a_item* sharedItem, object_type* sharedObject) noexcept : item(sharedItem), object(sharedObject) {}
+    var_a(var_a_item* sharedItem, object_type* sharedObject) noexcept
+        : item(sharedItem), object(sharedObject) {}
 
     var_a(var_a const& source) noexcept : item(source.item), object(source.object) {
         if (item) {

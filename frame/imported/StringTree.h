@@ -49,8 +49,8 @@ public:
     TDataTree<std::string>* CreateSubtree(int tag, int idx, std::string header) override;
     TDataTree<std::string>* CreateSubtree(char const* text, unsigned long* position) override;
     TDataTree<std::string>* CreateSubtree(TKvXIniReader* reader, unsigned long item) override;
-    KvRefSystem::TDataField<std::string>* CreateField(int tag, int idx, std::string* values, unsigned long count,
-                                                      std::string header) override;
+    KvRefSystem::TDataField<std::string>* CreateField(int tag, int idx, std::string* values,
+                                                      unsigned long count, std::string header) override;
     KvRefSystem::TDataField<std::string>* CreateField(int tag, int idx, std::string const& value,
                                                       std::string header) override;
     KvRefSystem::TDataField<std::string>* CreateField(char const* text, unsigned long* position) override;

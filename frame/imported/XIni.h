@@ -23,7 +23,7 @@ public:
     template <class T>
     T Read(unsigned long item, T fallback);
 
-    /** @return the item's value. @throws std::runtime_error when it can't be read. For int and string. */
+    /** @return the item's value. @throws std::runtime_error when it can't be read. For int, bool, double, string. */
     template <class T>
     T ReadE(unsigned long item);
 

@@ -68,7 +68,7 @@ bool TShellDatumShift::LoadFromXML(TKvXIniReader* reader) {
 }
 
 bool TShellDatumShift::SaveToXML(TKvXIniWriter* writer) const {
-    return writer->WriteS<int>(typeKey, Type);
+    return writer != nullptr && writer->WriteS<int>(typeKey, Type);
 }
 
 bool TShellDatumShift::SetNonLinear(bool) {

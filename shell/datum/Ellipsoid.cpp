@@ -219,6 +219,9 @@ bool TShellEllipsoid::LoadFromXML(TKvXIniReader* reader) {
 }
 
 bool TShellEllipsoid::SaveToXML(TKvXIniWriter* writer) const {
+    if (writer == nullptr) {
+        return false;
+    }
     for (TTextKey const& row : textKeys) {
         if (!WriteNotEmptyString(writer, row.key, this->*row.text)) {
             return false;

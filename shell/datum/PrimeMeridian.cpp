@@ -169,7 +169,7 @@ bool TShellPrimeMeridian::LoadFromXML(TKvXIniReader* reader) {
 }
 
 bool TShellPrimeMeridian::SaveToXML(TKvXIniWriter* writer) const {
-    return WriteNotEmptyString(writer, "PrimeMeridianName", Name) &&
+    return writer != nullptr && WriteNotEmptyString(writer, "PrimeMeridianName", Name) &&
            WriteNotEmptyString(writer, "PrimeMeridianDescription", Description) &&
            WriteNotEmptyString(writer, "PrimeMeridianLongitude", Longitude) &&
            DatumDetail::WriteUnitSection(writer, "PrimeMeridianAngularUnit", AngularUnit) &&

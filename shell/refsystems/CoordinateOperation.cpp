@@ -20,15 +20,17 @@ TStringTree* FindDatumShiftSettings(TStringTree* tree, bool insidePrimarySystem)
 
 TReferenceSystem const& CoreOf(TShellReferenceSystem const& system) {
     if (!system.CoreRefSystem) {
-        throw std::runtime_error("void TShellReferenceSystem::OperateShellCoords(const TShellReferenceSystem&, "
-                                 "double*, bool) const");
+        throw std::runtime_error(
+            "void TShellReferenceSystem::OperateShellCoords(const TShellReferenceSystem&, "
+            "double*, bool) const");
     }
     return *system.CoreRefSystem;
 }
 
 } // namespace
 
-void TShellReferenceSystem::OperateShellCoords(TShellReferenceSystem const& dst, double* coords, bool SkipGeoid) const {
+void TShellReferenceSystem::OperateShellCoords(TShellReferenceSystem const& dst, double* coords,
+                                               bool SkipGeoid) const {
     if (!SkipGeoid && Geoid) {
         Geoid->GeoidToEllipsoid(coords);
     }
@@ -54,8 +56,8 @@ void TShellReferenceSystem::OperateShellCoords(TShellReferenceSystem const& dst,
     }
 }
 
-void TShellReferenceSystem::OperateShellCoords(double const* src, TShellReferenceSystem const& dst, double* out,
-                                               bool SkipGeoid) const {
+void TShellReferenceSystem::OperateShellCoords(double const* src, TShellReferenceSystem const& dst,
+                                               double* out, bool SkipGeoid) const {
     double const point[3] = {src[0], src[1], src[2]};
     out[0] = point[0];
     out[1] = point[1];
@@ -109,8 +111,8 @@ bool TShellReferenceSystem::SetNonLinearDatum(bool NonLinear) {
     return !NonLinear || settings->InsertInteger("Non-linear", DescriptionTag::NonLinear, 0, 1);
 }
 
-bool TShellReferenceSystem::GetDatumShiftParams(double* dx, double* dy, double* dz, double* rx, double* ry, double* rz,
-                                                double* ds) const {
+bool TShellReferenceSystem::GetDatumShiftParams(double* dx, double* dy, double* dz, double* rx, double* ry,
+                                                double* rz, double* ds) const {
     return DatumShift && DatumShift->GetDatumShiftParams(dx, dy, dz, rx, ry, rz, ds);
 }
 

@@ -19,13 +19,15 @@ bool TShellReferenceSystem::ExportToMIFMID(std::string* text, bool) const {
 bool TShellReferenceSystem::ExportDatumToMIFMID(std::string* text, bool CustomDatum) const {
     return ReportFailure([&] {
         std::string ready;
-        if (!CustomDatum && SavedTree && SavedTree->GetString(DescriptionTag::MifDatum, 0, &ready) && PrimeMeridian &&
-            PrimeMeridian->IsZero) {
+        if (!CustomDatum && SavedTree && SavedTree->GetString(DescriptionTag::MifDatum, 0, &ready) &&
+            PrimeMeridian && PrimeMeridian->IsZero) {
             *text = ready;
             return true;
         }
-        TStringTree const* const datum = SavedTree ? SavedTree->FindSubtree(DescriptionTag::Datum, 0) : nullptr;
-        TStringTree const* const ellipsoid = datum ? datum->FindSubtree(DescriptionTag::DatumEllipsoid, 0) : nullptr;
+        TStringTree const* const datum =
+            SavedTree ? SavedTree->FindSubtree(DescriptionTag::Datum, 0) : nullptr;
+        TStringTree const* const ellipsoid =
+            datum ? datum->FindSubtree(DescriptionTag::DatumEllipsoid, 0) : nullptr;
         std::string code;
         if (!ellipsoid || !ellipsoid->GetString(DescriptionTag::MifEllipsoid, 0, &code) || code.empty()) {
             return false;
@@ -49,7 +51,8 @@ bool TShellReferenceSystem::ExportDatumToWKT(std::string* text) const {
         }
         std::string shift;
         bool const shifted = DatumShift && DatumShift->ExportToWKT(&shift);
-        std::string datum = "DATUM[\"" + (shifted ? DatumName : std::string("Unspecified")) + "\"," + ellipsoid;
+        std::string datum =
+            "DATUM[\"" + (shifted ? DatumName : std::string("Unspecified")) + "\"," + ellipsoid;
         if (shifted) {
             datum += "," + shift;
         }

@@ -80,7 +80,8 @@ int Status(bool done) {
 
 } // namespace
 
-bool TShellGeodeticReferenceSystem::FillInternalRefSystemTree(TStringTree* tree, TShellCoords const& origin) const {
+bool TShellGeodeticReferenceSystem::FillInternalRefSystemTree(TStringTree* tree,
+                                                              TShellCoords const& origin) const {
     if (!SavedTree || !TShellReferenceSystem::FillInternalRefSystemTree(tree, origin) ||
         !tree->InsertSubtree("primary reference system", DescriptionTag::PrimarySystem, 0) ||
         !SavedTree->CopyTo(tree->FindSubtree(DescriptionTag::PrimarySystem, 0))) {

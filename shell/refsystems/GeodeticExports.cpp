@@ -42,13 +42,14 @@ bool TShellGeodeticReferenceSystem::ExportAxesToWKT(std::string* text) const {
     return true;
 }
 
-bool TShellGeodeticReferenceSystem::Export2DToWKT(std::string* text, bool UseDegrees, std::string const& name) const {
+bool TShellGeodeticReferenceSystem::Export2DToWKT(std::string* text, bool UseDegrees,
+                                                  std::string const& name) const {
     return ReportFailure([&] {
         std::string datum;
         std::string meridian;
         std::string axes;
-        if (!ExportDatumToWKT(&datum) || !PrimeMeridian || !PrimeMeridian->ExportToWKT(&meridian, AngularUnit) ||
-            !ExportAxesToWKT(&axes)) {
+        if (!ExportDatumToWKT(&datum) || !PrimeMeridian ||
+            !PrimeMeridian->ExportToWKT(&meridian, AngularUnit) || !ExportAxesToWKT(&axes)) {
             return false;
         }
         std::string unit;
@@ -110,7 +111,8 @@ bool TShellGeodeticReferenceSystem::ExportToMIFMID(std::string* text, bool Custo
         std::string unit;
         std::string datum;
         if (settings && settings->GetString(DescriptionTag::MifProjection, 0, &projection) &&
-            settings->GetString(DescriptionTag::MifUnit, 0, &unit) && ExportDatumToMIFMID(&datum, CustomDatum)) {
+            settings->GetString(DescriptionTag::MifUnit, 0, &unit) &&
+            ExportDatumToMIFMID(&datum, CustomDatum)) {
             *text = "CoordSys Earth Projection " + projection + ", " + datum;
             return true;
         }

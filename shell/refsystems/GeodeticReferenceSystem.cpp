@@ -46,7 +46,8 @@ double ReportedLongitude(TShellGeodeticReferenceSystem const& system, double lon
 std::unique_ptr<TReferenceSystem> CreateCore(TShellGeodeticReferenceSystem const& system,
                                              std::map<std::string, TRefSystemTransformsSet> const& pairwise) {
     std::unique_ptr<TDatumShift> const shift(system.DatumShift ? system.DatumShift->Create() : nullptr);
-    std::unique_ptr<TPrimeMeridian> const meridian(system.PrimeMeridian ? system.PrimeMeridian->Create() : nullptr);
+    std::unique_ptr<TPrimeMeridian> const meridian(system.PrimeMeridian ? system.PrimeMeridian->Create()
+                                                                        : nullptr);
     if (!system.Ellipsoid) {
         FailConstruction();
     }
@@ -55,7 +56,8 @@ std::unique_ptr<TReferenceSystem> CreateCore(TShellGeodeticReferenceSystem const
     if (!chain) {
         throw std::bad_alloc();
     }
-    return std::make_unique<TGeodeticReferenceSystem>(shift.get(), meridian.get(), ellipsoid.get(), *chain, pairwise);
+    return std::make_unique<TGeodeticReferenceSystem>(shift.get(), meridian.get(), ellipsoid.get(), *chain,
+                                                      pairwise);
 }
 
 } // namespace
@@ -71,8 +73,9 @@ TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TStringTree* tree, 
 
     std::map<std::string, TRefSystemTransformsSet> pairwise;
     if (!InitializeCorePairwiseTransforms(&pairwise)) {
-        throw std::runtime_error("TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TStringTree *tree, "
-                                 "TKvProgressHandler *prh)");
+        throw std::runtime_error(
+            "TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TStringTree *tree, "
+            "TKvProgressHandler *prh)");
     }
     CoreRefSystem = CreateCore(*this, pairwise).release();
 
@@ -163,7 +166,8 @@ bool TShellGeodeticReferenceSystem::InputCoords(TShellCoords const& texts, TShel
         return false;
     }
     TShellUnit const& planeUnit = plane ? *plane : *AngularUnit;
-    if (!planeUnit.StringToValue(texts.Coord[0], &shell[0]) || !planeUnit.StringToValue(texts.Coord[1], &shell[1])) {
+    if (!planeUnit.StringToValue(texts.Coord[0], &shell[0]) ||
+        !planeUnit.StringToValue(texts.Coord[1], &shell[1])) {
         return false;
     }
     if (plane) {
@@ -180,9 +184,9 @@ bool TShellGeodeticReferenceSystem::InputCoords(TShellCoords const& texts, TShel
     return true;
 }
 
-void TShellGeodeticReferenceSystem::OutputCoords(double const* shell, TShellCoords* texts, TShellUnit const* plane,
-                                                 int planePrecision, TShellUnit const* height,
-                                                 int heightPrecision) const {
+void TShellGeodeticReferenceSystem::OutputCoords(double const* shell, TShellCoords* texts,
+                                                 TShellUnit const* plane, int planePrecision,
+                                                 TShellUnit const* height, int heightPrecision) const {
     TShellAngularUnit const& unit = AngularUnitOf(*this);
     TShellLinearUnit const& heightUnit = HeightUnitOf(*this);
     TShellCoords printed;
@@ -205,14 +209,16 @@ void TShellGeodeticReferenceSystem::OutputCoords(double const* shell, TShellCoor
 }
 
 void TShellGeodeticReferenceSystem::OutputCoordsDef(double const* shell, TShellCoords* texts) const {
-    OutputCoords(shell, texts, nullptr, AngularUnitOf(*this).Precision, nullptr, HeightUnitOf(*this).Precision);
+    OutputCoords(shell, texts, nullptr, AngularUnitOf(*this).Precision, nullptr,
+                 HeightUnitOf(*this).Precision);
 }
 
 bool TShellGeodeticReferenceSystem::IsLeft() const {
     return true;
 }
 
-bool TShellGeodeticReferenceSystem::GetAxesDirections(TCardinalDirection* first, TCardinalDirection* second) const {
+bool TShellGeodeticReferenceSystem::GetAxesDirections(TCardinalDirection* first,
+                                                      TCardinalDirection* second) const {
     *first = cdNorth;
     *second = cdEast;
     return true;
@@ -292,7 +298,8 @@ bool TShellGeodeticReferenceSystem::SaveToXML(TKvXIniWriter* writer) const {
     return TShellReferenceSystem::SaveToXML(writer) &&
            writer->WriteS<bool>("RefSystemPositiveLongitude", PositiveLongitude) && AngularUnit &&
            WriteXmlSection(writer, "RefSystemAngularUnit", [&] { return AngularUnit->SaveToXML(writer); }) &&
-           Vertical && WriteXmlSection(writer, "RefSystemVertical", [&] { return Vertical->SaveToXML(writer); });
+           Vertical &&
+           WriteXmlSection(writer, "RefSystemVertical", [&] { return Vertical->SaveToXML(writer); });
 }
 
 void TShellGeodeticReferenceSystem::Reset() {

@@ -75,7 +75,8 @@ public:
     bool InsertCorePairwiseTransforms(std::string const& name) override;
 
     /** As the form with two arguments, in a chosen angular unit. */
-    bool ExportToGeoTIFF(std::map<int, std::string>* keys, bool WithGeoid, TShellAngularUnit const* unit) const;
+    bool ExportToGeoTIFF(std::map<int, std::string>* keys, bool WithGeoid,
+                         TShellAngularUnit const* unit) const;
 
     /** Replaces `text` by the WKT GEOGCS. @param UseDegrees names the unit degree. @param name of the system, or empty for its own. */
     bool Export2DToWKT(std::string* text, bool UseDegrees, std::string const& name) const;

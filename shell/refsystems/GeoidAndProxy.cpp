@@ -21,7 +21,8 @@ std::string GeoidSettingOf(TStringTree const* tree) {
 
 } // namespace
 
-bool TShellReferenceSystem::SetGeoid(std::string const& id, TBaseGrid* grid, TShellReferenceSystem const* gridRefSys) {
+bool TShellReferenceSystem::SetGeoid(std::string const& id, TBaseGrid* grid,
+                                     TShellReferenceSystem const* gridRefSys) {
     try {
         if (Geoid) {
             ClearGeoid();
@@ -35,7 +36,8 @@ bool TShellReferenceSystem::SetGeoid(std::string const& id, TBaseGrid* grid, TSh
     } catch (...) {
         delete Geoid;
         Geoid = nullptr;
-        throw std::runtime_error("void TShellReferenceSystem::SetGeoid(TBaseGrid*, const TShellReferenceSystem*)");
+        throw std::runtime_error(
+            "void TShellReferenceSystem::SetGeoid(TBaseGrid*, const TShellReferenceSystem*)");
     }
 }
 
@@ -51,7 +53,8 @@ bool TShellReferenceSystem::InsertGeoidSetting(std::string const& id) {
     }
     SavedTree->DeleteSubtree(DescriptionTag::Geoid, 0);
     return SavedTree->InsertSubtree("Geoid", DescriptionTag::Geoid, 0) &&
-           SavedTree->FindSubtree(DescriptionTag::Geoid, 0)->InsertString("GeoidID", DescriptionTag::GeoidId, 0, id);
+           SavedTree->FindSubtree(DescriptionTag::Geoid, 0)
+               ->InsertString("GeoidID", DescriptionTag::GeoidId, 0, id);
 }
 
 void TShellReferenceSystem::ClearGeoidSetting() {

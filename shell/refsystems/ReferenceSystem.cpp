@@ -60,9 +60,12 @@ constexpr TGeneratedField InternalSystemFields[] = {
 };
 
 constexpr TGeneratedField GeneratedMetreFields[] = {
-    {5301, 0, "code", "0"},    {5312, 0, "type", "1"},
-    {5310, 0, "f_b", "1"},     {5311, 0, "f_c", "1"},
-    {5320, 0, "name", "meter"}, {5321, 0, "abbr", "m"},
+    {5301, 0, "code", "0"},
+    {5312, 0, "type", "1"},
+    {5310, 0, "f_b", "1"},
+    {5311, 0, "f_c", "1"},
+    {5320, 0, "name", "meter"},
+    {5321, 0, "abbr", "m"},
     {5322, 0, "desc", "generated (not from Db!)"},
 };
 
@@ -78,7 +81,8 @@ bool InsertFields(TStringTree* tree, TGeneratedField const (&rows)[Count]) {
 
 } // namespace
 
-TShellReferenceSystem::TShellReferenceSystem() : Type(TReferenceSystemType{}), Transform(new TShellRefSystemTransform) {}
+TShellReferenceSystem::TShellReferenceSystem()
+    : Type(TReferenceSystemType{}), Transform(new TShellRefSystemTransform) {}
 
 TShellReferenceSystem::TShellReferenceSystem(TStringTree* tree) : Type(TReferenceSystemType{}) {
     // A base that throws has no destructor run: what is built so far is freed here.
@@ -195,8 +199,8 @@ void TShellReferenceSystem::FreeComponents() {
 void TShellReferenceSystem::Reset() {
     FreeComponents();
     for (std::string* const text :
-         {&Name, &Description, &Abbreviation, &AxisName[0], &AxisName[1], &AxisName[2], &GeoTIFFCode, &GeoTIFFType,
-          &DatumGeoTIFFCode, &PanoramaCode, &DatumName}) {
+         {&Name, &Description, &Abbreviation, &AxisName[0], &AxisName[1], &AxisName[2], &GeoTIFFCode,
+          &GeoTIFFType, &DatumGeoTIFFCode, &PanoramaCode, &DatumName}) {
         text->clear();
     }
 }
@@ -296,7 +300,8 @@ bool TShellReferenceSystem::operator^=(TShellReferenceSystem const& other) const
 }
 
 bool TShellReferenceSystem::FillInternalRefSystemTree(TStringTree* tree, TShellCoords const&) const {
-    if (!InsertFields(tree, InternalSystemFields) || !tree->InsertSubtree("linear unit", DescriptionTag::LinearUnit, 0)) {
+    if (!InsertFields(tree, InternalSystemFields) ||
+        !tree->InsertSubtree("linear unit", DescriptionTag::LinearUnit, 0)) {
         return false;
     }
     return InsertFields(tree->FindSubtree(DescriptionTag::LinearUnit, 0), GeneratedMetreFields);

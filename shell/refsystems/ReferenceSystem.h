@@ -78,8 +78,8 @@ public:
      * @param plane, height units of the texts; null: the system's own. @param planePrecision, heightPrecision
      *        decimals, as the unit takes them.
      */
-    virtual void OutputCoords(double const* shell, TShellCoords* texts, TShellUnit const* plane, int planePrecision,
-                              TShellUnit const* height, int heightPrecision) const = 0;
+    virtual void OutputCoords(double const* shell, TShellCoords* texts, TShellUnit const* plane,
+                              int planePrecision, TShellUnit const* height, int heightPrecision) const = 0;
 
     /** Prints three numbers in the system's units with their default precision. */
     virtual void OutputCoordsDef(double const* shell, TShellCoords* texts) const = 0;
@@ -225,7 +225,8 @@ public:
     void OperateShellCoords(TShellReferenceSystem const& dst, double* coords, bool SkipGeoid) const;
 
     /** Copies `src` to `out` and transforms `out`. */
-    void OperateShellCoords(double const* src, TShellReferenceSystem const& dst, double* out, bool SkipGeoid) const;
+    void OperateShellCoords(double const* src, TShellReferenceSystem const& dst, double* out,
+                            bool SkipGeoid) const;
 
     // Geoid: the setting is the id in the description, the active geoid has a grid in memory
 
@@ -320,7 +321,8 @@ public:
     /** Appends to a chain, which is made if there is none. @return false when a step failed; a new chain is gone then. */
     bool AppendPairwiseTransform(std::string const& name, TShellRefSystemTransformParams const* params);
     bool DeletePairwiseTransform(std::string const& name, int index);
-    bool ReplacePairwiseTransform(std::string const& name, int index, TShellRefSystemTransformParams const& params);
+    bool ReplacePairwiseTransform(std::string const& name, int index,
+                                  TShellRefSystemTransformParams const& params);
 
     /** Exchanges two records in memory; then rewrites the main chain, not this one (kept). */
     bool SwapPairwiseTransforms(std::string const& name, int first, int second);
@@ -364,25 +366,26 @@ public:
     bool GetDatumShiftParams(double* dx, double* dy, double* dz, double* rx, double* ry, double* rz,
                              double* ds) const;
 
-    TReferenceSystemType Type;                          ///< kind; 0 when not set
-    TReferenceSystem* CoreRefSystem = nullptr;          ///< owned
-    std::string Name;                                   ///< display name
-    std::string Description;                            ///< free text
-    std::string Abbreviation;                           ///< short name
-    std::string AxisName[3];                            ///< axis labels, in shell coordinate order
-    std::string GeoTIFFCode;                            ///< decimal code, may be empty
-    std::string GeoTIFFType;                            ///< decimal model type
-    std::string DatumGeoTIFFCode;                       ///< code of the datum
-    std::string PanoramaCode;                           ///< decimal code
-    TShellDatumShift* DatumShift = nullptr;             ///< owned; null: an ellipsoid at most
-    TShellEllipsoid* Ellipsoid = nullptr;               ///< owned, may be null
-    TShellPrimeMeridian* PrimeMeridian = nullptr;       ///< owned, may be null
-    TShellRefSystemTransform* Transform = nullptr;      ///< own chain, owned; set after construction
-    TShellGeoid* Geoid = nullptr;                       ///< active geoid, owned, may be null
-    std::map<std::string, TShellRefSystemTransform*> PairwiseTransforms; ///< named chains, owned; null: no chain
-    var_a<TShellReferenceSystem*> ProxyRefSys;          ///< shared; may hold none
-    std::string DatumName;                              ///< name of the datum
-    TStringTree* SavedTree = nullptr;                   ///< description, owned, always at its root; null after XML
+    TReferenceSystemType Type;                     ///< kind; 0 when not set
+    TReferenceSystem* CoreRefSystem = nullptr;     ///< owned
+    std::string Name;                              ///< display name
+    std::string Description;                       ///< free text
+    std::string Abbreviation;                      ///< short name
+    std::string AxisName[3];                       ///< axis labels, in shell coordinate order
+    std::string GeoTIFFCode;                       ///< decimal code, may be empty
+    std::string GeoTIFFType;                       ///< decimal model type
+    std::string DatumGeoTIFFCode;                  ///< code of the datum
+    std::string PanoramaCode;                      ///< decimal code
+    TShellDatumShift* DatumShift = nullptr;        ///< owned; null: an ellipsoid at most
+    TShellEllipsoid* Ellipsoid = nullptr;          ///< owned, may be null
+    TShellPrimeMeridian* PrimeMeridian = nullptr;  ///< owned, may be null
+    TShellRefSystemTransform* Transform = nullptr; ///< own chain, owned; set after construction
+    TShellGeoid* Geoid = nullptr;                  ///< active geoid, owned, may be null
+    std::map<std::string, TShellRefSystemTransform*>
+        PairwiseTransforms;                    ///< named chains, owned; null: no chain
+    var_a<TShellReferenceSystem*> ProxyRefSys; ///< shared; may hold none
+    std::string DatumName;                     ///< name of the datum
+    TStringTree* SavedTree = nullptr;          ///< description, owned, always at its root; null after XML
 
 protected:
     /** An empty system with an empty chain. */
@@ -401,10 +404,10 @@ private:
 /** Compares two classes of the family; answers C++20's reversed candidates. */
 template <class A, class C>
     requires std::derived_from<A, TShellReferenceSystem> && std::derived_from<C, TShellReferenceSystem> &&
-             (!(std::same_as<A, TShellReferenceSystem> && std::same_as<C, TShellReferenceSystem>))
-bool operator==(A const& first, C const& second) {
-    return static_cast<TShellReferenceSystem const&>(first).operator==(
-        static_cast<TShellReferenceSystem const&>(second));
-}
+        (!(std::same_as<A, TShellReferenceSystem> && std::same_as<C, TShellReferenceSystem>)) bool
+        operator==(A const& first, C const& second) {
+        return static_cast<TShellReferenceSystem const&>(first).operator==(
+            static_cast<TShellReferenceSystem const&>(second));
+    }
 
 } // namespace KvRefSystem

@@ -104,15 +104,16 @@ bool ReadBase(TKvXIniReader* reader, TShellReferenceSystem* system) {
 
 bool WriteDatum(TKvXIniWriter* writer, TShellReferenceSystem const& system) {
     auto const writeEllipsoid = [&] {
-        return system.Ellipsoid &&
-               WriteXmlSection(writer, "RefSystemEllipsoid", [&] { return system.Ellipsoid->SaveToXML(writer); });
+        return system.Ellipsoid && WriteXmlSection(writer, "RefSystemEllipsoid",
+                                                   [&] { return system.Ellipsoid->SaveToXML(writer); });
     };
     if (!system.DatumShift) {
         return !system.Ellipsoid || writeEllipsoid();
     }
     return WriteXmlSection(writer, "RefSystemDatum", [&] {
         return WriteTexts(writer, system, DatumKeys) && writeEllipsoid() &&
-               WriteXmlSection(writer, "RefSystemDatumShift", [&] { return system.DatumShift->SaveToXML(writer); });
+               WriteXmlSection(writer, "RefSystemDatumShift",
+                               [&] { return system.DatumShift->SaveToXML(writer); });
     });
 }
 

@@ -12,7 +12,8 @@ bool TShellReferenceSystem::AppendTransform(TShellRefSystemTransformParams const
 }
 
 bool TShellReferenceSystem::DeleteTransform(int index) {
-    return Transform && Transform->DeleteTransform(index) && InsertTransformsSettings() && InsertCoreTransforms();
+    return Transform && Transform->DeleteTransform(index) && InsertTransformsSettings() &&
+           InsertCoreTransforms();
 }
 
 bool TShellReferenceSystem::ReplaceTransform(int index, TShellRefSystemTransformParams const& params) {
@@ -99,7 +100,8 @@ bool TShellReferenceSystem::ReplacePairwiseTransform(std::string const& name, in
 bool TShellReferenceSystem::SwapPairwiseTransforms(std::string const& name, int first, int second) {
     TShellRefSystemTransform* const chain = AccessPairwiseTransforms(name);
     // Kept: the main chain's description and core follow, so this swap stays in memory until the name's next change.
-    return chain && chain->SwapTransforms(first, second) && InsertTransformsSettings() && InsertCoreTransforms();
+    return chain && chain->SwapTransforms(first, second) && InsertTransformsSettings() &&
+           InsertCoreTransforms();
 }
 
 bool TShellReferenceSystem::ClearPairwiseTransforms(std::string const& name) {
@@ -154,7 +156,8 @@ TShellRefSystemTransform const* TShellReferenceSystem::FindPairwiseTransforms(st
     return entry == PairwiseTransforms.end() ? nullptr : entry->second;
 }
 
-TShellRefSystemTransformParams* TShellReferenceSystem::GetPairwiseTransform(std::string const& name, int index) const {
+TShellRefSystemTransformParams* TShellReferenceSystem::GetPairwiseTransform(std::string const& name,
+                                                                            int index) const {
     TShellRefSystemTransform const* const chain = FindPairwiseTransforms(name);
     return chain ? chain->GetTransform(index) : nullptr;
 }
@@ -194,7 +197,8 @@ bool TShellReferenceSystem::InsertPairwiseTransformsSettings(std::string const& 
            chain->WriteToTree(collection->FindSubtree(DescriptionTag::PairwiseTransformSet, idx), name);
 }
 
-bool TShellReferenceSystem::InitializeCorePairwiseTransforms(std::map<std::string, TRefSystemTransformsSet>* out) const {
+bool TShellReferenceSystem::InitializeCorePairwiseTransforms(
+    std::map<std::string, TRefSystemTransformsSet>* out) const {
     out->clear();
     for (auto const& [name, chain] : PairwiseTransforms) {
         if (!chain) {

@@ -16,7 +16,8 @@ TShellVerticalReferenceSystem::TShellVerticalReferenceSystem(TStringTree* tree) 
 
 TShellVerticalReferenceSystem::TShellVerticalReferenceSystem(TKvXIniReader* xml) {
     if (!TShellVerticalReferenceSystem::LoadFromXML(xml)) {
-        throw std::runtime_error("TShellVerticalReferenceSystem::TShellVerticalReferenceSystem(TKvXIniReader *xml)");
+        throw std::runtime_error(
+            "TShellVerticalReferenceSystem::TShellVerticalReferenceSystem(TKvXIniReader *xml)");
     }
 }
 
@@ -36,7 +37,8 @@ bool TShellVerticalReferenceSystem::ExportToWKT(std::string* text) const {
     if (!HeightUnit || !HeightUnit->ExportToWKT(&unit)) {
         return false;
     }
-    *text = R"(VERT_CS["height above ellipsoid",VERT_DATUM["ellipsoidal",2002],)" + unit + R"(,AXIS["Up",UP]])";
+    *text =
+        R"(VERT_CS["height above ellipsoid",VERT_DATUM["ellipsoidal",2002],)" + unit + R"(,AXIS["Up",UP]])";
     return true;
 }
 

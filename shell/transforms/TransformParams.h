@@ -36,7 +36,8 @@ public:
     /** @param identity the identity, else six zeros. */
     explicit TShellRefSystemTransform2DAffineParams(bool identity);
     TShellRefSystemTransform2DAffineParams(TShellRefSystemTransform2DAffineParams const&) = default;
-    TShellRefSystemTransform2DAffineParams& operator=(TShellRefSystemTransform2DAffineParams const&) = default;
+    TShellRefSystemTransform2DAffineParams&
+    operator=(TShellRefSystemTransform2DAffineParams const&) = default;
     /** A record of another class isn't a truth value. */
     TShellRefSystemTransform2DAffineParams(TShellRefSystemTransformParams const&) = delete;
 

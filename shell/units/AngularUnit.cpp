@@ -152,15 +152,15 @@ std::string TShellAngularUnit::RadiansToStringLongitude(double const& radians, i
 
 // --- Free functions -----------------------------------------------------------------------------------------------
 
-bool ConvertLatitude(TShellAngularUnit const* source, std::string const& text, TShellAngularUnit const* target,
-                     std::string* result) {
+bool ConvertLatitude(TShellAngularUnit const* source, std::string const& text,
+                     TShellAngularUnit const* target, std::string* result) {
     double const value = source->StringToValueLatitude(text);
     *result = target->ValueToStringLatitude((source->CoefToBase * value) * target->CoefFromBase, -1);
     return true;
 }
 
-bool ConvertLongitude(TShellAngularUnit const* source, std::string const& text, TShellAngularUnit const* target,
-                      std::string* result) {
+bool ConvertLongitude(TShellAngularUnit const* source, std::string const& text,
+                      TShellAngularUnit const* target, std::string* result) {
     double const value = source->StringToValueLongitude(text);
     *result = target->ValueToStringLongitude((source->CoefToBase * value) * target->CoefFromBase, -1);
     return true;

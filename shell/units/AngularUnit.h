@@ -78,12 +78,12 @@ protected:
  * Converts a text as a latitude between two angular units; prints with the target's default precision.
  * @return true. @throws std::runtime_error with the message of `StringToValueLatitude(text)`.
  */
-bool ConvertLatitude(TShellAngularUnit const* source, std::string const& text, TShellAngularUnit const* target,
-                     std::string* result);
+bool ConvertLatitude(TShellAngularUnit const* source, std::string const& text,
+                     TShellAngularUnit const* target, std::string* result);
 
 /** The same for a longitude. */
-bool ConvertLongitude(TShellAngularUnit const* source, std::string const& text, TShellAngularUnit const* target,
-                      std::string* result);
+bool ConvertLongitude(TShellAngularUnit const* source, std::string const& text,
+                      TShellAngularUnit const* target, std::string* result);
 
 /** @return the unit of the class that the tree's code selects, owned by the caller; null without a code. @throws as the class. */
 TShellAngularUnit* CreateShellAngularUnit(TStringTree* tree);

@@ -31,7 +31,8 @@ TAngleText CopyBeginning(std::string const& text) {
 
 /** Up to three numbers of a separated text; what wasn't read is 0. */
 struct TThreeNumbers {
-    explicit TThreeNumbers(char const* text) : count(ScanText(text, "%lf %lf %lf", &degrees, &minutes, &seconds)) {}
+    explicit TThreeNumbers(char const* text)
+        : count(ScanText(text, "%lf %lf %lf", &degrees, &minutes, &seconds)) {}
 
     double degrees = 0.0;
     double minutes = 0.0;
@@ -217,7 +218,8 @@ double TShellUnitDegreeMinuteSecond::StringToDegreesLatitude(std::string const& 
     return StringToDegrees(text);
 }
 
-std::string TShellUnitDegreeMinuteSecond::DegreesToStringLatitude(double const& degrees, int precision) const {
+std::string TShellUnitDegreeMinuteSecond::DegreesToStringLatitude(double const& degrees,
+                                                                  int precision) const {
     return DegreesToString(degrees, precision);
 }
 
@@ -225,7 +227,8 @@ double TShellUnitDegreeMinuteSecond::StringToDegreesLongitude(std::string const&
     return StringToDegrees(text);
 }
 
-std::string TShellUnitDegreeMinuteSecond::DegreesToStringLongitude(double const& degrees, int precision) const {
+std::string TShellUnitDegreeMinuteSecond::DegreesToStringLongitude(double const& degrees,
+                                                                   int precision) const {
     return DegreesToString(degrees, precision);
 }
 
@@ -422,7 +425,8 @@ double TShellUnitSexagesimalDegree::StringToDegreesLongitude(std::string const& 
     return StringToDegrees(text);
 }
 
-std::string TShellUnitSexagesimalDegree::DegreesToStringLongitude(double const& degrees, int precision) const {
+std::string TShellUnitSexagesimalDegree::DegreesToStringLongitude(double const& degrees,
+                                                                  int precision) const {
     return DegreesToString(degrees, precision);
 }
 
@@ -491,7 +495,8 @@ double TShellDegreeDecimalMinuteUnit::StringToDegreesLatitude(std::string const&
     return StringToDegrees(text);
 }
 
-std::string TShellDegreeDecimalMinuteUnit::DegreesToStringLatitude(double const& degrees, int precision) const {
+std::string TShellDegreeDecimalMinuteUnit::DegreesToStringLatitude(double const& degrees,
+                                                                   int precision) const {
     return DegreesToString(degrees, precision);
 }
 
@@ -499,7 +504,8 @@ double TShellDegreeDecimalMinuteUnit::StringToDegreesLongitude(std::string const
     return StringToDegrees(text);
 }
 
-std::string TShellDegreeDecimalMinuteUnit::DegreesToStringLongitude(double const& degrees, int precision) const {
+std::string TShellDegreeDecimalMinuteUnit::DegreesToStringLongitude(double const& degrees,
+                                                                    int precision) const {
     return DegreesToString(degrees, precision);
 }
 

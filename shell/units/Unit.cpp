@@ -31,8 +31,8 @@ T ReadKey(TKvXIniReader* reader, char const* key, T const& fallback) {
 } // namespace
 
 TShellUnit::TShellUnit(TStringTree* tree) {
-    bool const complete = tree && tree->GetInteger(tagCode, 0, &Code) && tree->GetInteger(tagType, 0, &Type) &&
-                          tree->GetString(tagName, 0, &Name) &&
+    bool const complete = tree && tree->GetInteger(tagCode, 0, &Code) &&
+                          tree->GetInteger(tagType, 0, &Type) && tree->GetString(tagName, 0, &Name) &&
                           tree->GetString(tagDescription, 0, &Description) &&
                           tree->GetString(tagAbbreviation, 0, &Abbreviation);
     if (!complete) {
@@ -155,7 +155,8 @@ bool Convert(TShellUnit const& source, double const& value, TShellUnit const& ta
     return true;
 }
 
-bool Convert(TShellUnit const& source, std::string const& text, TShellUnit const& target, std::string* result) {
+bool Convert(TShellUnit const& source, std::string const& text, TShellUnit const& target,
+             std::string* result) {
     if (source.Type != target.Type) {
         return false;
     }

@@ -105,7 +105,8 @@ bool Convert(TShellUnit const& source, double const& value, TShellUnit const& ta
  * @return false, `*result` untouched, for two kinds.
  * @throws std::runtime_error with "bool TShellUnit::StringToValue(const string& str, double *value) const".
  */
-bool Convert(TShellUnit const& source, std::string const& text, TShellUnit const& target, std::string* result);
+bool Convert(TShellUnit const& source, std::string const& text, TShellUnit const& target,
+             std::string* result);
 
 /** @return "UNIT[\"degree\",0.0174532925199433]". */
 std::string CreateWKTDegreeString();

@@ -32,6 +32,6 @@ inline std::string UnitWKT(char const* name, double coefToBase) {
     return FormatText("UNIT[\"%s\",%.15lg]", name, coefToBase);
 }
 
-} // namespace UnitDetail
+} // namespace gnu::visibility("hidden")]]UnitDetail
 
 } // namespace KvRefSystem

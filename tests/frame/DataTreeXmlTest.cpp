@@ -359,6 +359,29 @@ TEST(DataTreeXml, EveryThrowingReadLeavesAllSections) {
     }
 }
 
+TEST(DataTreeXml, OnlyFailuresOfTheTreeItselfFailIt) {
+    TStringTree tree;
+    tree.InsertString("code", 1, 0, "v");
+    TNode document = DocumentOf(tree);
+    // 1-3 the tree's values, 4-5 enter the list and its element, 6-8 the field's values, 9 enter "data",
+    // 10 the field's one value, 11 leave "data", 12-13 leave the element and the list
+    for (unsigned long operation = 1; operation <= 13; ++operation) {
+        TReader reader(&document);
+        reader.failingOperation = operation;
+        TStringTree read;
+        bool const isOfTheField = operation >= 6 && operation <= 11;
+        EXPECT_EQ(read.ReadFromXML(&reader, 0, nullptr), isOfTheField) << operation;
+        EXPECT_EQ(read.fields.Size(), operation >= 6 ? 1u : 0u) << operation;
+    }
+    for (unsigned long operation = 1; operation <= 6; ++operation) {
+        TReader reader(&document.Find("field").At(0));
+        reader.failingOperation = operation;
+        TStringField read;
+        EXPECT_FALSE(read.ReadFromXML(&reader)) << operation;
+        EXPECT_EQ(reader.Depth(), 0u) << operation;
+    }
+}
+
 TEST(DataTreeXml, ReadingDoesNotCheckForDuplicates) {
     TStringTree tree;
     tree.InsertString("a", 1, 0, "x");

@@ -72,6 +72,7 @@ int dladdr(void const* address, Dl_info* info) noexcept {
     }
     process->askedAddress = address;
     if (!process->loaderKnowsTheFile) {
+        info->dli_fname = "what a failure leaves is not defined";
         return 0;
     }
     info->dli_fname = process->loaderFileName;

@@ -104,7 +104,8 @@ TEST(Vector, IndexingPastTheSizeThrows) {
     TVector vector(2);
     TVector const& constant = vector;
     EXPECT_EQ(FailureOf([&] { vector[2] = 1; }), "double& TVector::operator[] (size_t index)");
-    EXPECT_EQ(FailureOf([&] { static_cast<void>(constant[2]); }), "double& TVector::operator[] (size_t index)");
+    EXPECT_EQ(FailureOf([&] { static_cast<void>(constant[2]); }),
+              "double& TVector::operator[] (size_t index)");
 }
 
 TEST(Vector, IndexingIsSafeWhenTheOpenMembersDisagree) {

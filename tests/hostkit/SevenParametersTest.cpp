@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -11,6 +12,7 @@ using namespace LumCommonUtils;
 namespace {
 
 constexpr double pi = 3.141592653589793;
+constexpr double infinity = std::numeric_limits<double>::infinity();
 
 // The exact numbers below were computed with Python's mpmath at 40 digits, from A = (Rz Ry Rx)^T written out as a
 // product of three matrices and the textbook angles of a rotation matrix.
@@ -116,19 +118,21 @@ private:
 } // namespace
 
 TEST(SevenParameters, DirectTurnsByTheTransposedMatrixThenScalesAndShifts) {
-    ExpectNear(Direct(first, {1000, 2000, 3000}), {930.46387077649679, 1953.2157939113903, 3103.0175653202345}, 1e-11);
+    ExpectNear(Direct(first, {1000, 2000, 3000}),
+               {930.46387077649679, 1953.2157939113903, 3103.0175653202345}, 1e-11);
 }
 
 TEST(SevenParameters, InverseUndoesTheShiftFirst) {
-    ExpectNear(Inverse(first, {1000, 2000, 3000}), {1029.7124093934544, 2068.6238987638403, 2890.4127436729759},
-               1e-11);
+    ExpectNear(Inverse(first, {1000, 2000, 3000}),
+               {1029.7124093934544, 2068.6238987638403, 2890.4127436729759}, 1e-11);
 }
 
 TEST(SevenParameters, InvertGivesTheInverseSimilarity) {
     T7Params inverse;
     InvertParams(first, &inverse);
-    ExpectNear(inverse, {-0.037879880513200806, -0.22012403121296461, -0.28577170062846079, -0.000999000999000999,
-                         -10.401135448418732, -20.895190896604448, -29.19608831992905});
+    ExpectNear(inverse,
+               {-0.037879880513200806, -0.22012403121296461, -0.28577170062846079, -0.000999000999000999,
+                -10.401135448418732, -20.895190896604448, -29.19608831992905});
 }
 
 TEST(SevenParameters, CombineIsSecondAfterFirst) {
@@ -210,7 +214,7 @@ TEST(SevenParameters, InitializeRefusesWhatHasNoInverseAndKeepsWhatItHad) {
     double T7Params::*const members[] = {&T7Params::wx, &T7Params::wy, &T7Params::wz, &T7Params::m,
                                          &T7Params::dX, &T7Params::dY, &T7Params::dZ};
     for (auto const member : members) {
-        for (double const bad : {std::nan(""), INFINITY, -INFINITY}) {
+        for (double const bad : {std::nan(""), infinity, -infinity}) {
             T7Params parameters = second;
             parameters.*member = bad;
             EXPECT_FALSE(transform.Initialize(parameters));
@@ -266,7 +270,8 @@ TEST(RzyxGetAlphaBetaGamma, RebuildsTwoThousandFrames) {
         // Every fourth frame lies on the equator, on the first meridian or at its antipode.
         double const latitude = round % 4 == 0 ? 0.0 : draw(-pi / 2, pi / 2);
         double const longitude = round % 8 == 0 ? (round % 16 ? pi : 0.0) : draw(-pi, pi);
-        TMatrix const frame = Rotation(2, longitude) * Rotation(1, pi / 2 - latitude) * Rotation(2, draw(-pi, pi));
+        TMatrix const frame =
+            Rotation(2, longitude) * Rotation(1, pi / 2 - latitude) * Rotation(2, draw(-pi, pi));
         EXPECT_LT(RecompositionError(frame), 2e-15) << round;
     }
 }

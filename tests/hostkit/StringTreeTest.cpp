@@ -78,7 +78,8 @@ TEST(StringTree, CreatesChildrenOfItsOwnKind) {
 
 TEST(StringTree, ReadsTextIntoItsOwnKind) {
     TStringTree tree;
-    tree.ReadFromString("(0,0)\n(5301,0)[1]code\t0\n\t(7,2)unit\n\t(5320,0)[2]name\tA\\tZ\tB\n\t\n\n", nullptr, nullptr);
+    tree.ReadFromString("(0,0)\n(5301,0)[1]code\t0\n\t(7,2)unit\n\t(5320,0)[2]name\tA\\tZ\tB\n\t\n\n",
+                        nullptr, nullptr);
     TStringTree const& root = tree;
     ASSERT_NE(root.FindSubtree(7, 2), nullptr);
     TStringField const* const name = root.FindSubtree(7, 2)->FindField(5320, 0);
@@ -123,7 +124,8 @@ TEST(StringTree, WritesDoublesWithEighteenDigits) {
 }
 
 TEST(StringTree, DoublesSurviveExactly) {
-    double const numbers[] = {0.1, 6378137.0, 298.257223563, 5e-324, -1.7976931348623157e308, 1.0 / 3.0, INFINITY};
+    double const numbers[] = {0.1,       6378137.0, 298.257223563, 5e-324, -1.7976931348623157e308,
+                              1.0 / 3.0, INFINITY};
     for (double const number : numbers) {
         TStringTree tree;
         ASSERT_TRUE(tree.InsertDouble("d", 1, 0, number));

@@ -1,5 +1,5 @@
-#include "frame/imported/Progress.h"
 #include "frame/imported/Strings.h"
+#include "frame/imported/Progress.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,8 @@ using Parts = std::vector<std::string>;
 
 Parts Split(char const* text, char const* separators, unsigned int limit, bool keepEmpty = false) {
     std::vector<std::string> parts(limit + 1, "untouched");
-    unsigned int const count = LumCommonUtils::SplitString(text, separators, parts.data(), limit, nullptr, keepEmpty);
+    unsigned int const count =
+        LumCommonUtils::SplitString(text, separators, parts.data(), limit, nullptr, keepEmpty);
     EXPECT_LE(count, limit);
     EXPECT_EQ(parts[count], "untouched");
     parts.resize(count);
@@ -28,30 +29,18 @@ public:
     unsigned long done = 0;
     int stops = 0;
 
-    void OnStart(unsigned long announced) override {
-        steps = announced;
-    }
-    void OnProgress(unsigned long sofar) override {
-        done = sofar;
-    }
-    void OnStop() override {
-        ++stops;
-    }
+    void OnStart(unsigned long announced) override { steps = announced; }
+    void OnProgress(unsigned long sofar) override { done = sofar; }
+    void OnStop() override { ++stops; }
 };
 
 /** Sets a locale with a decimal comma while it lives. */
 class CommaLocale {
 public:
     CommaLocale() : before(std::setlocale(LC_ALL, nullptr)) {
-        for (char const* const name : {"de_DE.utf8", "de_DE.UTF-8", "fr_FR.UTF-8", "ru_RU.UTF-8"}) {
-            if (std::setlocale(LC_ALL, name)) {
-                return;
-            }
-        }
+        EXPECT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr) << "the locale de_DE.UTF-8 is missing";
     }
-    ~CommaLocale() {
-        std::setlocale(LC_ALL, before.c_str());
-    }
+    ~CommaLocale() { std::setlocale(LC_ALL, before.c_str()); }
 
 private:
     std::string before;

@@ -3,18 +3,21 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <random>
+#include <stdexcept>
 #include <string>
-#include <vector>
+#include <system_error>
+
+#include <stdlib.h>
 
 /** A new folder of the test's own, removed with all that it holds. */
 class TempFolder {
 public:
     TempFolder() {
-        std::random_device device;
-        do {
-            path = std::filesystem::temp_directory_path() / ("vellari-hostkit-" + std::to_string(device()));
-        } while (!std::filesystem::create_directory(path));
+        std::string name = (std::filesystem::temp_directory_path() / "vellari-hostkit-XXXXXX").string();
+        if (!::mkdtemp(name.data())) {
+            throw std::runtime_error(name + ": the folder can't be made");
+        }
+        path = name;
     }
     TempFolder(TempFolder const&) = delete;
     TempFolder& operator=(TempFolder const&) = delete;
@@ -23,9 +26,7 @@ public:
         std::filesystem::remove_all(path, ignored);
     }
 
-    std::string File(std::string const& name) const {
-        return (path / name).string();
-    }
+    std::string File(std::string const& name) const { return (path / name).string(); }
 
     /** Writes a file into the folder. @return its full name. */
     std::string Put(std::string const& name, std::string const& text) const {

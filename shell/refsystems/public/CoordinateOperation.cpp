@@ -21,8 +21,8 @@ bool TransformCoords(TShellReferenceSystem const* src, double const& a, double c
     return true;
 }
 
-bool TransformAxes(TShellReferenceSystem const* src, double const& a, double const& b, double const& c, double* axes,
-                   bool ApplyDatumShift) {
+bool TransformAxes(TShellReferenceSystem const* src, double const& a, double const& b, double const& c,
+                   double* axes, bool ApplyDatumShift) {
     if (!src || !src->CoreRefSystem) {
         return false;
     }

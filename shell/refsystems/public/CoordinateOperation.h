@@ -19,8 +19,8 @@ bool TransformCoords(TShellReferenceSystem const* src, double const& a, double c
  * @param a, b, c the point in `src`'s units and order. @param axes receives nine numbers, row by row.
  * @return false after a failure in the core. @throws what the conversion of the point throws.
  */
-bool TransformAxes(TShellReferenceSystem const* src, double const& a, double const& b, double const& c, double* axes,
-                   bool ApplyDatumShift);
+bool TransformAxes(TShellReferenceSystem const* src, double const& a, double const& b, double const& c,
+                   double* axes, bool ApplyDatumShift);
 
 /**
  * @return a `TDatumComparison`; equal datums with different geoids are different.

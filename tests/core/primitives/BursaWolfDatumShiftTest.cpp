@@ -58,7 +58,7 @@ public:
     bool IsNonlinear() const override { return false; }
 };
 
-// --- Parameters ---------------------------------------------------------------------------------------------------
+// --- Parameters --------------------------------------------------------------------------------------------
 
 TEST(BursaWolfDatumShiftParameters, BeginAsTheIdentity) {
     TBursaWolfDatumShiftParameters const identity;
@@ -172,7 +172,7 @@ TEST(BursaWolfDatumShiftParameters, InvertMayReadItsOwnResult) {
     EXPECT_NEAR(parameters.ShiftZ, 300.25 / 1.001, 1e-12);
 }
 
-// --- Small-angle form ---------------------------------------------------------------------------------------------
+// --- Small-angle form --------------------------------------------------------------------------------------
 
 TEST(BursaWolfDatumShift, ConvertsThePublishedPositionVectorExample) {
     // EPSG Guidance Note 7-2, method 9606: WGS 72 to WGS 84.
@@ -254,7 +254,7 @@ TEST(BursaWolfDatumShift, OwnsACopyOfItsParameters) {
 TEST(BursaWolfDatumShift, EqualityComparesEveryNumber) {
     TBursaWolfDatumShift const shift(Sample());
     EXPECT_TRUE(shift == TBursaWolfDatumShift(Sample()));
-    double TBursaWolfDatumShiftParameters::* const numbers[] = {
+    double TBursaWolfDatumShiftParameters::*const numbers[] = {
         &TBursaWolfDatumShiftParameters::RotationX, &TBursaWolfDatumShiftParameters::RotationY,
         &TBursaWolfDatumShiftParameters::RotationZ, &TBursaWolfDatumShiftParameters::Scale,
         &TBursaWolfDatumShiftParameters::ShiftX,    &TBursaWolfDatumShiftParameters::ShiftY,
@@ -287,7 +287,7 @@ TEST(BursaWolfDatumShift, ZerosOfBothSignsAreEqualAndNaNsAreNot) {
     EXPECT_FALSE(notANumber == notANumber);
 }
 
-// --- Form with exact rotations ------------------------------------------------------------------------------------
+// --- Form with exact rotations -----------------------------------------------------------------------------
 
 TEST(BursaWolfNonlinearDatumShift, RotatesByRxRyRz) {
     // With 50 digits in mpmath, from the product of the three matrices.
@@ -415,7 +415,7 @@ TEST(BursaWolfNonlinearDatumShift, ZerosOfBothSignsAreEqualAndNaNsAreNot) {
     EXPECT_FALSE(notANumber == notANumber);
 }
 
-// --- The family ---------------------------------------------------------------------------------------------------
+// --- The family --------------------------------------------------------------------------------------------
 
 TEST(DatumShiftFamily, ClassesDifferByTypeEvenWithEqualNumbers) {
     TBursaWolfDatumShift const linear({1, 2, 3});

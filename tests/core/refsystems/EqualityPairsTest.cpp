@@ -53,7 +53,7 @@ TEST(EqualityPairs, SystemsOfAllKindsCompareBothWays) {
 
 TEST(EqualityPairs, EqualSystemsOfOneClassAreEqualUnderEveryStaticType) {
     TGeocentricReferenceSystem const first(nullptr, nullptr, {}, {});
-    TGeocentricReferenceSystem const second(first);
+    TGeocentricReferenceSystem const second = CopyOf(first);
     TReferenceSystem const& base = second;
     EXPECT_TRUE(first == second);
     EXPECT_TRUE(first == base);
@@ -76,7 +76,7 @@ TEST(EqualityPairs, TransformsOfAllTypesCompareBothWays) {
 
 TEST(EqualityPairs, EqualTransformsOfOneClassAreEqualUnderEveryStaticType) {
     TPlaneShiftRefSystemTransform const first(1, 2);
-    TPlaneShiftRefSystemTransform const second(first);
+    TPlaneShiftRefSystemTransform const second = CopyOf(first);
     TRefSystemTransform const& base = second;
     EXPECT_TRUE(first == second);
     EXPECT_TRUE(first == base);
@@ -88,12 +88,12 @@ TEST(EqualityPairs, DatumShiftsOfAllClassesCompareBothWays) {
     TBursaWolfDatumShiftParameters const parameters(1, 2, 3);
     TBursaWolfDatumShift const linear(parameters);
     TBursaWolfNonlinearDatumShift const nonlinear(parameters);
-    ExpectPairs<TDatumShift>(linear, nonlinear, TForeignShift(), TForeignShift(1), TForeignShift(2));
+    ExpectPairs<TDatumShift>(linear, nonlinear, TForeignShift());
 }
 
 TEST(EqualityPairs, EqualDatumShiftsOfOneClassAreEqualUnderEveryStaticType) {
     TBursaWolfNonlinearDatumShift const first(TBursaWolfDatumShiftParameters(1, 2, 3));
-    TBursaWolfNonlinearDatumShift const second(first);
+    TBursaWolfNonlinearDatumShift const second = CopyOf(first);
     TDatumShift const& base = second;
     EXPECT_TRUE(first == second);
     EXPECT_TRUE(first == base);

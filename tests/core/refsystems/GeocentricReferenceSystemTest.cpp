@@ -71,8 +71,7 @@ TEST(GeocentricReferenceSystem, ThrowsWhenTheShiftCannotBeCopied) {
     EXPECT_EQ(ThrownText<std::runtime_error>([&] { Geocentric(&foreign); }), ShiftCopyFailed);
     TGeocentricReferenceSystem source(nullptr, nullptr, {}, {});
     source.DatumShift = new TForeignShift;
-    EXPECT_EQ(ThrownText<std::runtime_error>([&] { TGeocentricReferenceSystem const copy(source); }),
-              ShiftCopyFailed);
+    EXPECT_EQ(ThrownText<std::runtime_error>([&] { CopyOf(source); }), ShiftCopyFailed);
 }
 
 TEST(GeocentricReferenceSystem, CopyIsDeep) {
@@ -80,7 +79,7 @@ TEST(GeocentricReferenceSystem, CopyIsDeep) {
     TPlaneShiftRefSystemTransform const transform(1, 2);
     TPrimeMeridian const meridian(0.5);
     TGeocentricReferenceSystem const source(&shift, &meridian, SetOf(transform), {{"k", SetOf(transform)}});
-    TGeocentricReferenceSystem const copy(source);
+    TGeocentricReferenceSystem const copy = CopyOf(source);
     EXPECT_NE(copy.DatumShift, source.DatumShift);
     EXPECT_NE(copy.PrimeMeridian, source.PrimeMeridian);
     EXPECT_EQ(copy, source);

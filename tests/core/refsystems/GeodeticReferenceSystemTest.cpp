@@ -81,7 +81,7 @@ TEST(GeodeticReferenceSystem, PassesTheFailureOfAShiftsCopyOn) {
 TEST(GeodeticReferenceSystem, CopyIsDeep) {
     auto const shift = Shift(1, 2, 3);
     TGeodeticReferenceSystem const source = Geodetic(Krasovsky(), &shift, 0.5);
-    TGeodeticReferenceSystem const copy(source);
+    TGeodeticReferenceSystem const copy = CopyOf(source);
     EXPECT_NE(copy.Ellipsoid, source.Ellipsoid);
     EXPECT_NE(copy.GeocentricSystem, source.GeocentricSystem);
     EXPECT_EQ(copy, source);
@@ -203,7 +203,7 @@ TEST(GeodeticReferenceSystem, ShiftsActInGreenwichAxes) {
 TEST(GeodeticReferenceSystem, OntoACopyOfItselfComesBackToTheIterationsTolerance) {
     auto const shift = Shift(25, -141, -80);
     TGeodeticReferenceSystem const system = Geodetic(Wgs84(), &shift, ParisLongitude);
-    TGeodeticReferenceSystem const copy(system);
+    TGeodeticReferenceSystem const copy = CopyOf(system);
     for (double latitude = -89; latitude < 90; latitude += 7) {
         TCoords point = Degrees(37, latitude, 200);
         system.OperateCoords(copy, &point);

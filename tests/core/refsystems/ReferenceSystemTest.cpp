@@ -84,7 +84,7 @@ TEST(ReferenceSystem, WayGoesBackThroughTheSourceChainAcrossAndForthThroughTheTa
     TForeignTransform const* const entering = Journal(target.Transforms, "target", &journal);
     source.OnOperate = [&](TReferenceSystem const& dst, TCoords*) {
         EXPECT_EQ(&dst, &target);
-        journal.push_back("across");
+        journal.emplace_back("across");
     };
     TCoords point;
     source.OperateCoords(target, &point);
@@ -97,7 +97,7 @@ TEST(ReferenceSystem, OntoItselfRunsTheWholeChain) {
     std::vector<std::string> journal;
     TTestKind system(1);
     Journal(system.Transforms, "own", &journal);
-    system.OnOperate = [&](TReferenceSystem const&, TCoords*) { journal.push_back("across"); };
+    system.OnOperate = [&](TReferenceSystem const&, TCoords*) { journal.emplace_back("across"); };
     TCoords point;
     system.OperateCoords(system, &point);
     EXPECT_EQ(journal, (std::vector<std::string>{"own back", "across", "own forth"}));
@@ -297,14 +297,18 @@ TEST(ReferenceSystem, AxesSwallowEveryExceptionAndKeepTheRowsWritten) {
 }
 
 TEST(ReferenceSystem, AxesMayOverwriteTheirOwnPoint) {
-    TTestKind const system(1);
+    // World = (X X, Y Y, Z Z), whose derivatives are twice the coordinates.
+    TTestKind system(1);
+    system.OnWorld = [](TCoords* coords, bool) {
+        *coords = Point(coords->X * coords->X, coords->Y * coords->Y, coords->Z * coords->Z);
+    };
     union {
         double Axes[9];
         TCoords Point;
     } shared{};
     shared.Point = Point(1, 2, 3);
     ASSERT_TRUE(system.TransformAxesWorld(shared.Point, shared.Axes, true));
-    double const expected[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
+    double const expected[9] = {2, 0, 0, 0, 4, 0, 0, 0, 6};
     for (int index = 0; index < 9; ++index) {
         EXPECT_EQ(shared.Axes[index], expected[index]) << index;
     }

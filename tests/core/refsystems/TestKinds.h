@@ -140,6 +140,12 @@ public:
     double Steps[3] = {1.0, 1.0, 1.0};
 };
 
+/** A copy by the class's own copy constructor. */
+template <class T>
+T CopyOf(T const& source) {
+    return source;
+}
+
 /** @return the text of the `Exception` that `action` throws, or what happened instead. */
 template <class Exception, class Action>
 std::string ThrownText(Action const& action) {

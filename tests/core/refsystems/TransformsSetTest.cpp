@@ -161,7 +161,7 @@ TEST(TransformsSet, CopyIsDeepAndKeepsTheIdentifier) {
     source.TransformID = "id";
     source.TransformList[0]->Name = "name";
     source.GetFirstTransform();
-    TRefSystemTransformsSet const copy(source);
+    TRefSystemTransformsSet const copy = CopyOf(source);
     ASSERT_EQ(copy.TransformList.size(), 2U);
     EXPECT_NE(copy.TransformList[0], source.TransformList[0]);
     EXPECT_EQ(copy.TransformList[0]->Name, "");
@@ -174,15 +174,13 @@ TEST(TransformsSet, CopyIsDeepAndKeepsTheIdentifier) {
 TEST(TransformsSet, CopyThrowsWhenATransformCannotBeCopied) {
     TRefSystemTransformsSet source = RotationThenShift();
     source.TransformList.push_back(new TForeignTransform);
-    EXPECT_EQ(ThrownText<std::runtime_error>([&] { TRefSystemTransformsSet const copy(source); }),
-              CopyFailed);
+    EXPECT_EQ(ThrownText<std::runtime_error>([&] { CopyOf(source); }), CopyFailed);
 }
 
 TEST(TransformsSet, CopyTreatsANullEntryAsAFailedCopy) {
     TRefSystemTransformsSet source = RotationThenShift();
     source.TransformList.push_back(nullptr);
-    EXPECT_EQ(ThrownText<std::runtime_error>([&] { TRefSystemTransformsSet const copy(source); }),
-              CopyFailed);
+    EXPECT_EQ(ThrownText<std::runtime_error>([&] { CopyOf(source); }), CopyFailed);
     source.TransformList.pop_back();
 }
 

@@ -59,11 +59,12 @@ TEST(ShellAngularUnit, PrecisionIsTenDecimalsOfARadian) {
     EXPECT_EQ(MakeUnit<TShellAngularUnit>(Degree())->Precision, 9);
     EXPECT_EQ(MakeUnit<TShellAngularUnit>(Grad())->Precision, 9);
     // One second of arc: log10(pi / 648000) + 10 = 4.69.
-    EXPECT_EQ(MakeUnit<TShellAngularUnit>({.type = 2, .numerator = PiText, .denominator = "648000"})->Precision, 5);
+    EXPECT_EQ(
+        MakeUnit<TShellAngularUnit>({.type = 2, .numerator = PiText, .denominator = "648000"})->Precision, 5);
     EXPECT_EQ(MakeUnit<TShellAngularUnit>({.type = 2, .numerator = "1e-12"})->Precision, 0);
     EXPECT_EQ(MakeUnit<TShellAngularUnit>({.type = 2, .denominator = "0"})->Precision, 0);
     EXPECT_EQ(MakeUnit<TShellAngularUnit>({.type = 2, .numerator = "-1"})->Precision, 0);
-    EXPECT_EQ(MakeUnit<TShellAngularUnit>(LoadableItems(0, 2))->Precision, 11);
+    EXPECT_EQ(LoadUnit<TShellAngularUnit>(LoadableItems(0, 2))->Precision, 11);
 }
 
 TEST(ShellAngularUnit, TreeHasTheGeoTIFFCode) {
@@ -86,14 +87,14 @@ TEST(ShellAngularUnit, MissingFieldHasTheMessageOfTheRootTheCodeIncluded) {
 
 TEST(ShellAngularUnit, XMLMessageOfThePlainClassHasNoArgumentList) {
     std::string const message = "TShellAngularUnit::TShellAngularUnit";
-    EXPECT_EQ(MessageOf([] { MakeUnit<TShellAngularUnit>(LoadableItems(0, 1)); }), message);
-    EXPECT_EQ(MessageOf([] { MakeUnit<TShellAngularUnit>(LoadableItems(0, 3)); }), message);
-    EXPECT_EQ(MessageOf([] { MakeUnit<TShellAngularUnit>(TItems{}); }), message);
+    EXPECT_EQ(MessageOf([] { LoadUnit<TShellAngularUnit>(LoadableItems(0, 1)); }), message);
+    EXPECT_EQ(MessageOf([] { LoadUnit<TShellAngularUnit>(LoadableItems(0, 3)); }), message);
+    EXPECT_EQ(MessageOf([] { LoadUnit<TShellAngularUnit>(TItems{}); }), message);
     EXPECT_EQ(MessageOf([] { TShellAngularUnit unit(static_cast<TKvXIniReader*>(nullptr)); }), message);
 }
 
 TEST(ShellAngularUnit, PlainClassLoadsTheCodeOfANotationToo) {
-    auto const unit = MakeUnit<TShellAngularUnit>(LoadableItems(7, 2));
+    auto const unit = LoadUnit<TShellAngularUnit>(LoadableItems(7, 2));
     EXPECT_EQ(unit->Code, anDegreeMinuteSecond);
     EXPECT_EQ(unit->ValueToString(12.5, 2), "12.50");
 }
@@ -102,7 +103,7 @@ TEST(ShellAngularUnit, TreeAndXMLGiveTheSameUnit) {
     auto const fromTree = MakeUnit<TShellAngularUnit>(Grad());
     TListWriter writer;
     ASSERT_TRUE(fromTree->SaveToXML(&writer));
-    auto const fromXML = MakeUnit<TShellAngularUnit>(writer.items);
+    auto const fromXML = LoadUnit<TShellAngularUnit>(writer.items);
     EXPECT_TRUE(*fromXML == *fromTree);
     EXPECT_EQ(fromXML->Precision, fromTree->Precision);
 }
@@ -220,9 +221,9 @@ TEST(ShellAngularUnit, FactoryLetsTheMessageOfTheClassThrough) {
     TStringTree tree;
     tree.InsertInteger("code", 5301, 0, 7);
     EXPECT_EQ(MessageOf([&] { CreateShellAngularUnit(&tree); }), RootTreeMessage);
-    TListReader plain({});
+    TListReader plain(TItems{});
     EXPECT_EQ(MessageOf([&] { CreateShellAngularUnit(&plain); }), "TShellAngularUnit::TShellAngularUnit");
-    TListReader packed({{"UnitCode", "10"}});
+    TListReader packed(TItems{{"UnitCode", "10"}});
     EXPECT_EQ(MessageOf([&] { CreateShellAngularUnit(&packed); }),
               "TShellUnitSexagesimalDegree::TShellUnitSexagesimalDegree(TKvXIniReader *xml)");
     EXPECT_EQ(MessageOf([] { CreateShellAngularUnit(static_cast<TKvXIniReader*>(nullptr)); }),

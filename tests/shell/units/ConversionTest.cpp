@@ -70,7 +70,8 @@ TEST(Conversion, AnotherKindIsFalseAndKeepsTheResult) {
 
 TEST(Conversion, KindIsTestedBeforeTheTextIsRead) {
     std::string text = "old";
-    EXPECT_FALSE(Convert(*MakeUnit<TShellLinearUnit>(Metre()), "abc", *MakeUnit<TShellAngularUnit>(Radian()), &text));
+    EXPECT_FALSE(
+        Convert(*MakeUnit<TShellLinearUnit>(Metre()), "abc", *MakeUnit<TShellAngularUnit>(Radian()), &text));
     EXPECT_EQ(text, "old");
 }
 

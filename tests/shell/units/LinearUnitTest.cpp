@@ -31,12 +31,12 @@ TEST(ShellLinearUnit, MIFMIDCodeFollowsTheMembersOfTheRoot) {
 }
 
 TEST(ShellLinearUnit, PrecisionIsThatOfMillimetres) {
-    std::vector<std::pair<char const*, int>> const rows = {{"1", 3},      {"1000", 6},  {"0.3048", 3},
+    std::vector<std::pair<char const*, int>> const rows = {{"1", 3},      {"1000", 6},   {"0.3048", 3},
                                                            {"0.001", 0},  {"0.0001", 0}, {"1609.344", 7},
-                                                           {"1e-300", 0}, {"-1", 0},    {"1e300", 303}};
+                                                           {"1e-300", 0}, {"-1", 0},     {"1e300", 303}};
     for (auto const& [metres, precision] : rows) {
         EXPECT_EQ(MakeUnit<TShellLinearUnit>(Metres(metres))->Precision, precision) << metres;
-        EXPECT_EQ(MakeUnit<TShellLinearUnit>(
+        EXPECT_EQ(LoadUnit<TShellLinearUnit>(
                       TItems{{"UnitType", "1"}, {"UnitCoefToBase", metres}, {"UnitCoefFromBase", "1"}})
                       ->Precision,
                   precision)
@@ -67,15 +67,15 @@ TEST(ShellLinearUnit, MissingFieldHasTheMessageOfTheRoot) {
 }
 
 TEST(ShellLinearUnit, XMLOfAnotherKindDoesNotLoad) {
-    EXPECT_EQ(MessageOf([] { MakeUnit<TShellLinearUnit>(LoadableItems(0, 2)); }), XMLMessage);
-    EXPECT_EQ(MessageOf([] { MakeUnit<TShellLinearUnit>(LoadableItems(0, 3)); }), XMLMessage);
-    EXPECT_EQ(MessageOf([] { MakeUnit<TShellLinearUnit>(TItems{}); }), XMLMessage);
+    EXPECT_EQ(MessageOf([] { LoadUnit<TShellLinearUnit>(LoadableItems(0, 2)); }), XMLMessage);
+    EXPECT_EQ(MessageOf([] { LoadUnit<TShellLinearUnit>(LoadableItems(0, 3)); }), XMLMessage);
+    EXPECT_EQ(MessageOf([] { LoadUnit<TShellLinearUnit>(TItems{}); }), XMLMessage);
     EXPECT_EQ(MessageOf([] { TShellLinearUnit unit(static_cast<TKvXIniReader*>(nullptr)); }), XMLMessage);
 }
 
 TEST(ShellLinearUnit, MIFMIDCodeIsReadEvenWhenTheKindIsWrong) {
     auto const unit = MakeUnit<TShellLinearUnit>(Metre());
-    TListReader reader({{"UnitMIFMIDCode", "7"}});
+    TListReader reader(TItems{{"UnitMIFMIDCode", "7"}});
     EXPECT_FALSE(unit->LoadFromXML(&reader));
     EXPECT_EQ(unit->MIFMIDCode, 7);
     TListReader without(LoadableItems(0, 1));
@@ -84,19 +84,19 @@ TEST(ShellLinearUnit, MIFMIDCodeIsReadEvenWhenTheKindIsWrong) {
 }
 
 TEST(ShellLinearUnit, MIFMIDCodeIsTheLastKeyAndLeftOutWhenNegative) {
-    TItems items = {{"UnitCode", "3"},         {"UnitType", "1"},    {"UnitCoefToBase", "0.5"},
-                    {"UnitCoefFromBase", "2"}, {"UnitName", "half"}, {"UnitAbbreviation", "h"},
+    TItems items = {{"UnitCode", "3"},         {"UnitType", "1"},        {"UnitCoefToBase", "0.5"},
+                    {"UnitCoefFromBase", "2"}, {"UnitName", "half"},     {"UnitAbbreviation", "h"},
                     {"UnitDescription", "d"},  {"UnitGeoTIFFCode", "77"}};
     TListWriter without;
-    EXPECT_TRUE(MakeUnit<TShellLinearUnit>(items)->SaveToXML(&without));
+    EXPECT_TRUE(LoadUnit<TShellLinearUnit>(items)->SaveToXML(&without));
     EXPECT_EQ(without.items, items);
 
     items.emplace_back("UnitMIFMIDCode", "0");
-    auto const unit = MakeUnit<TShellLinearUnit>(items);
+    auto const unit = LoadUnit<TShellLinearUnit>(items);
     TListWriter writer;
     EXPECT_TRUE(unit->SaveToXML(&writer));
     EXPECT_EQ(writer.items, items);
-    EXPECT_TRUE(*MakeUnit<TShellLinearUnit>(writer.items) == *unit);
+    EXPECT_TRUE(*LoadUnit<TShellLinearUnit>(writer.items) == *unit);
     for (std::size_t works = 0; works < items.size(); ++works) {
         TListWriter failing(works);
         EXPECT_FALSE(unit->SaveToXML(&failing)) << works;
@@ -168,7 +168,7 @@ TEST(ShellLinearUnit, TreeAndXMLGiveTheSameUnit) {
     auto const fromTree = MakeUnit<TShellLinearUnit>(Metres("0.3048"));
     TListWriter writer;
     ASSERT_TRUE(fromTree->SaveToXML(&writer));
-    auto const fromXML = MakeUnit<TShellLinearUnit>(writer.items);
+    auto const fromXML = LoadUnit<TShellLinearUnit>(writer.items);
     EXPECT_TRUE(*fromTree == *fromXML);
     EXPECT_EQ(fromXML->Precision, 3);
 }

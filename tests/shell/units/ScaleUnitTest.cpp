@@ -44,18 +44,18 @@ TEST(ShellScaleUnit, MissingFieldHasTheMessageOfTheRoot) {
 }
 
 TEST(ShellScaleUnit, XMLOfAnotherKindDoesNotLoad) {
-    EXPECT_EQ(MessageOf([] { MakeUnit<TShellScaleUnit>(LoadableItems(0, 1)); }), XMLMessage);
-    EXPECT_EQ(MessageOf([] { MakeUnit<TShellScaleUnit>(LoadableItems(0, 2)); }), XMLMessage);
-    EXPECT_EQ(MessageOf([] { MakeUnit<TShellScaleUnit>(TItems{}); }), XMLMessage);
+    EXPECT_EQ(MessageOf([] { LoadUnit<TShellScaleUnit>(LoadableItems(0, 1)); }), XMLMessage);
+    EXPECT_EQ(MessageOf([] { LoadUnit<TShellScaleUnit>(LoadableItems(0, 2)); }), XMLMessage);
+    EXPECT_EQ(MessageOf([] { LoadUnit<TShellScaleUnit>(TItems{}); }), XMLMessage);
     EXPECT_EQ(MessageOf([] { TShellScaleUnit unit(static_cast<TKvXIniReader*>(nullptr)); }), XMLMessage);
-    EXPECT_EQ(MakeUnit<TShellScaleUnit>(LoadableItems(0, 3))->CoefToBase, 2.0);
+    EXPECT_EQ(LoadUnit<TShellScaleUnit>(LoadableItems(0, 3))->CoefToBase, 2.0);
 }
 
 TEST(ShellScaleUnit, TreeAndXMLGiveTheSameUnit) {
     auto const fromTree = MakeUnit<TShellScaleUnit>(PartsPerMillion());
     TListWriter writer;
     ASSERT_TRUE(fromTree->SaveToXML(&writer));
-    EXPECT_TRUE(*MakeUnit<TShellScaleUnit>(writer.items) == *fromTree);
+    EXPECT_TRUE(*LoadUnit<TShellScaleUnit>(writer.items) == *fromTree);
 }
 
 TEST(ShellScaleUnit, EmptyTextIsASuccessThatChangesNothing) {

@@ -144,7 +144,7 @@ private:
 };
 
 template <class TUnit>
-std::unique_ptr<TUnit> MakeUnit(TItems const& items) {
+std::unique_ptr<TUnit> LoadUnit(TItems const& items) {
     TListReader reader(items);
     return std::make_unique<TUnit>(&reader);
 }

@@ -2,6 +2,7 @@
 
 #include "UnitFixtures.h"
 
+#include "frame/NumberText.h"
 #include "shell/units/AngularUnit.h"
 #include "shell/units/LinearUnit.h"
 #include "shell/units/ScaleUnit.h"
@@ -29,9 +30,14 @@ namespace {
 constexpr char const* ParseMessage = "bool TShellUnit::StringToValue(const string& str, double *value) const";
 
 TItems FullItems() {
-    return {{"UnitCode", "5"},          {"UnitType", "3"},        {"UnitCoefToBase", "0.5"},
-            {"UnitCoefFromBase", "2"},  {"UnitName", "half"},     {"UnitAbbreviation", "h"},
-            {"UnitDescription", "one half"}, {"UnitGeoTIFFCode", "77"}};
+    return {{"UnitCode", "5"},
+            {"UnitType", "3"},
+            {"UnitCoefToBase", "0.5"},
+            {"UnitCoefFromBase", "2"},
+            {"UnitName", "half"},
+            {"UnitAbbreviation", "h"},
+            {"UnitDescription", "one half"},
+            {"UnitGeoTIFFCode", "77"}};
 }
 
 } // namespace
@@ -87,7 +93,8 @@ TEST(ShellUnit, EachMandatoryFieldOfTheTreeIsMissed) {
         TStringTree tree;
         Fill(&tree, Metre());
         tree.DeleteField(tag, 0);
-        EXPECT_EQ(MessageOf([&] { TShellUnit unit(&tree); }), "TShellUnit::TShellUnit(TStringTree *tree)") << tag;
+        EXPECT_EQ(MessageOf([&] { TShellUnit unit(&tree); }), "TShellUnit::TShellUnit(TStringTree *tree)")
+            << tag;
     }
     EXPECT_EQ(MessageOf([] { TShellUnit unit(static_cast<TStringTree*>(nullptr)); }),
               "TShellUnit::TShellUnit(TStringTree *tree)");
@@ -129,9 +136,8 @@ TEST(ShellUnit, TypeOfATreeIsNotValidated) {
 
 TEST(ShellUnit, NumberIsRead) {
     auto const unit = MakeUnit<TShellLinearUnit>(Metre());
-    std::vector<std::pair<char const*, double>> const rows = {{"12", 12.0},         {"-0.5", -0.5},
-                                                              {" \t\n7.25", 7.25}, {"1e3", 1000.0},
-                                                              {"+4", 4.0},          {".5", 0.5}};
+    std::vector<std::pair<char const*, double>> const rows = {
+        {"12", 12.0}, {"-0.5", -0.5}, {" \t\n7.25", 7.25}, {"1e3", 1000.0}, {"+4", 4.0}, {".5", 0.5}};
     for (auto const& [text, expected] : rows) {
         double value = -1.0;
         EXPECT_TRUE(unit->StringToValue(text, &value)) << text;
@@ -197,9 +203,24 @@ TEST(ShellUnit, ValuePrintsWithItsDecimals) {
     EXPECT_EQ(unit->ValueToString(-std::numeric_limits<double>::infinity(), 3), "-inf");
     EXPECT_EQ(unit->ValueToString(std::numeric_limits<double>::quiet_NaN(), 3), "nan");
     // All digits of the double next to one tenth, which has 55 decimals.
-    EXPECT_EQ(unit->ValueToString(0.1, 61), "0.1000000000000000055511151231257827021181583404541015625000000");
+    EXPECT_EQ(unit->ValueToString(0.1, 61),
+              "0.1000000000000000055511151231257827021181583404541015625000000");
     EXPECT_EQ(unit->ValueToString(std::numeric_limits<double>::max(), 0).size(), 309u);
     EXPECT_EQ(unit->ValueToString(std::numeric_limits<double>::max(), 400).size(), 710u);
+}
+
+TEST(ShellUnit, DecimalsAreThoseOfPrintf) {
+    auto const unit = MakeUnit<TShellLinearUnit>(Metre());
+    std::mt19937_64 random(7);
+    for (int round = 0; round < 20000; ++round) {
+        std::uint64_t const pattern = random();
+        int const precision = static_cast<int>(random() % 64);
+        double value = 0.0;
+        std::memcpy(&value, &pattern, sizeof(value));
+        ASSERT_EQ(unit->ValueToString(value, precision), FormatText("%.*lf", precision, value));
+        double const ordinary = std::fmod(value, 1e6);
+        ASSERT_EQ(unit->ValueToString(ordinary, precision), FormatText("%.*lf", precision, ordinary));
+    }
 }
 
 TEST(ShellUnit, NegativePrecisionPrintsTwentyFiveDigits) {
@@ -377,7 +398,7 @@ TEST(ShellUnit, XMLKeysStandInTheirOrder) {
 }
 
 TEST(ShellUnit, ZerosAndEmptyTextsAreLeftOutOfTheXML) {
-    TListReader reader({{"UnitType", "1"}, {"UnitCoefToBase", "0.5"}, {"UnitCoefFromBase", "2"}});
+    TListReader reader(TItems{{"UnitType", "1"}, {"UnitCoefToBase", "0.5"}, {"UnitCoefFromBase", "2"}});
     TShellUnit const unit(&reader);
     EXPECT_EQ(unit.Code, 0);
     EXPECT_EQ(unit.Name, "");
@@ -422,8 +443,8 @@ TEST(ShellUnit, TypeFromXMLCountsOnlyWhenItIsKnown) {
         TStringTree tree;
         Fill(&tree, Metre());
         TShellUnit unit(&tree);
-        TListReader reader(
-            {{"UnitType", type}, {"UnitCoefToBase", "5"}, {"UnitCoefFromBase", "0.2"}, {"UnitName", "new"}});
+        TListReader reader(TItems{
+            {"UnitType", type}, {"UnitCoefToBase", "5"}, {"UnitCoefFromBase", "0.2"}, {"UnitName", "new"}});
         EXPECT_FALSE(unit.LoadFromXML(&reader)) << type;
         EXPECT_EQ(unit.Type, utLinear) << type;
         EXPECT_EQ(unit.CoefToBase, 5.0);
@@ -436,11 +457,11 @@ TEST(ShellUnit, AllKeysAreReadEvenWhenTheLoadFails) {
     Fill(&tree, Metre());
     TShellUnit unit(&tree);
     unit.GeoTIFFCode = 5;
-    TListReader reader({});
+    TListReader reader(TItems{});
     EXPECT_FALSE(unit.LoadFromXML(&reader));
-    EXPECT_EQ(reader.asked,
-              (std::vector<std::string>{"UnitCode", "UnitType", "UnitCoefToBase", "UnitCoefFromBase", "UnitName",
-                                        "UnitAbbreviation", "UnitDescription", "UnitGeoTIFFCode"}));
+    EXPECT_EQ(reader.asked, (std::vector<std::string>{"UnitCode", "UnitType", "UnitCoefToBase",
+                                                      "UnitCoefFromBase", "UnitName", "UnitAbbreviation",
+                                                      "UnitDescription", "UnitGeoTIFFCode"}));
     EXPECT_EQ(unit.CoefToBase, 0.0);
     EXPECT_EQ(unit.CoefFromBase, 0.0);
     EXPECT_EQ(unit.Name, "");

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "frame/imported/StringTree.h"
+
+#include <memory>
+#include <string>
+
+namespace KvRefSystem {
+class TShellReferenceSystem;
+class TShellGeodeticReferenceSystem;
+} // namespace KvRefSystem
+
+/** Builds description trees for tests, field by field. */
+namespace TestSupport {
+
+using KvRefSystem::TStringTree;
+
+/** Fields of a unit. */
+struct TUnitText {
+    int code;
+    int type;
+    std::string numerator;
+    std::string denominator;
+    std::string name;
+    std::string abbreviation;
+};
+
+TUnitText Metre();
+TUnitText Foot();
+TUnitText Degree();
+TUnitText Grad();
+TUnitText Radian();
+TUnitText ArcSecond();
+TUnitText PartsPerMillion();
+/** Degrees, minutes, seconds and a hemisphere letter. */
+TUnitText HemisphereDegree();
+
+/** Texts of a geodetic description; the defaults are WGS 84 on Greenwich without a datum. */
+struct TGeodeticText {
+    std::string name = "Test system";
+    std::string description = "";
+    std::string majorAxis = "6378137";
+    std::string minorAxis = "";
+    std::string inverseFlattening = "298.257223563";
+    std::string meridian = "0";
+    TUnitText meridianUnit = Degree();
+    TUnitText angularUnit = Degree();
+    TUnitText heightUnit = Metre();
+    int shiftType = 0;                                          ///< 0: an ellipsoid only
+    std::string shift[7] = {"0", "0", "0", "0", "0", "0", "0"}; ///< metres, arc seconds, ppm
+    std::string datumName = "Test datum";
+};
+
+/** WGS 84 with a shift of zero. */
+TGeodeticText WithZeroShift();
+
+/** Pulkovo 1942 with the parameters of GOST R 51794-2008. */
+TGeodeticText Pulkovo1942();
+
+/** The child (tag, idx), made if it isn't there. */
+TStringTree* Child(TStringTree* tree, int tag, int idx = 0, std::string const& header = "subtree");
+
+/** Writes or replaces a field. */
+void SetField(TStringTree* tree, int tag, std::string const& value, int idx = 0);
+
+void FillUnit(TStringTree* tree, TUnitText const& unit);
+void FillGeodetic(TStringTree* tree, TGeodeticText const& text);
+
+/** A description of one plane affine record under the own chain (tag 1108): x' = x + shiftX, y' = y + shiftY in core units. */
+void AddPlaneShift(TStringTree* tree, double shiftX, double shiftY);
+
+/** The text form of a tree. */
+std::string TextOf(TStringTree const& tree);
+
+/** The system of a description; null when the factory gives null. */
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TGeodeticText const& text);
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TStringTree* tree);
+
+/** The whole text of a file of the repository. */
+std::string ReadFile(std::string const& pathFromRoot);
+
+/** The catalogue's text of a system. */
+std::string CatalogText(std::string const& name);
+
+} // namespace TestSupport
