@@ -8,8 +8,11 @@ if(TARGET vellari)
     install(TARGETS vellari RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 endif()
 
+# What the umbrella headers don't reach is the rooms' own: hosts neither need it nor may rely on it.
+string(CONCAT internal_headers "/([A-Za-z]*Detail|XmlSections|EarthTarget|DescriptionTags|Exports"
+    "|FileText|EmbeddedResources|Utf8|XmlDocument|XmlText)\\.h$")
 install(DIRECTORY ${VELLARI_HEADER_ROOMS} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Vellari"
-    FILES_MATCHING PATTERN "*.h" PATTERN resources EXCLUDE)
+    FILES_MATCHING PATTERN "*.h" REGEX "${internal_headers}" EXCLUDE PATTERN resources EXCLUDE)
 install(FILES "${VELLARI_BUILD_INCLUDE}/Vellari/Vellari.h" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Vellari")
 foreach(folder catalog hostkit/resources)
     if(EXISTS "${PROJECT_SOURCE_DIR}/${folder}")

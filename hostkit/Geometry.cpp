@@ -4,7 +4,8 @@ double CalcSignedFigureArea(std::vector<vec_t_<double, 2>> const& vertices) {
     if (vertices.size() < 3) {
         return 0.0;
     }
-    // Differences to the first corner, since products of large map coordinates would cost the area its digits.
+    // Differences to the first corner, since products of large map coordinates would cost the area its
+    // digits.
     vec_t_<double, 2> const origin = vertices.front();
     double twice = 0.0;
     for (std::size_t index = 1; index + 1 < vertices.size(); ++index) {

@@ -1,8 +1,8 @@
 #pragma once
 
 /**
- * The whole host kit: bodies for everything that the library imports from its host (`frame/imported`), so that it
- * runs stand-alone, and these tools for hosts.
+ * The whole host kit: bodies for everything that the library imports from its host (`frame/imported`), so
+ * that it runs stand-alone, and these tools for hosts.
  */
 
 #include "frame/imported/BaseGrid.h"

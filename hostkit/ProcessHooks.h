@@ -4,8 +4,8 @@
 #include <string>
 
 /**
- * What a host may set of the process hooks that `frame/imported/ModuleHooks.h` declares, as long as it uses the
- * kit's own hooks and doesn't bring others.
+ * What a host may set of the process hooks that `frame/imported/ModuleHooks.h` declares, as long as it uses
+ * the kit's own hooks and doesn't bring others.
  */
 namespace VellariHostKit {
 
@@ -13,8 +13,8 @@ namespace VellariHostKit {
 using DebugSink = std::function<void(std::string const& message)>;
 
 /**
- * Sends the lines of `KvPrintDbgMsg` to `sink` from now on. The sink is called on the thread that prints, maybe
- * on several at once.
+ * Sends the lines of `KvPrintDbgMsg` to `sink` from now on. The sink is called on the thread that prints,
+ * maybe on several at once.
  *
  * @param sink the new receiver; empty for the standard error stream, where the lines go at first.
  */

@@ -10,10 +10,10 @@ namespace VellariHostKit {
 /**
  * The texts that modules show, by language, module and key.
  *
- * A store begins with the texts that the kit carries, in English ("en") and Russian ("ru"), and in English; files
- * may add texts, languages and modules or replace texts. A text that the chosen language lacks is the English one.
- * The address of a text stays valid, with the same text, for the life of the store, also after another language
- * is chosen or the text is replaced. All operations may be called from several threads.
+ * A store begins with the texts that the kit carries, in English ("en") and Russian ("ru"), and in English;
+ * files may add texts, languages and modules or replace texts. A text that the chosen language lacks is the
+ * English one. The address of a text stays valid, with the same text, for the life of the store, also after
+ * another language is chosen or the text is replaced. All operations may be called from several threads.
  *
  * The form of the file stands at the head of `hostkit/resources/texts.txt`.
  */
@@ -36,11 +36,12 @@ public:
 
     /**
      * Adds texts. @param source what errors call it.
-     * @throws std::runtime_error that names the source and the line of a mistake; the store is then unchanged.
+     * @throws std::runtime_error that names the source and the line of a mistake; the store is then
+     *         unchanged.
      */
     void LoadText(std::string_view text, std::string const& source);
 
-    /** Chooses the language. @throws std::runtime_error for one that has no text here; nothing changes then. */
+    /** Chooses the language. @throws std::runtime_error for one without texts here; nothing changes then. */
     void SetLanguage(std::string const& language);
 
     /** @return the chosen language. */

@@ -118,7 +118,8 @@ std::string toupper(std::string const& text) {
 }
 
 double pow10(double exponent) {
-    // Volatile, since a compiler that sees the 10 puts exp10 in its place, which isn't exact for whole powers.
+    // Volatile, since a compiler that sees the 10 puts exp10 in its place, which isn't exact for whole
+    // powers.
     static double const volatile ten = 10.0;
     return std::pow(ten, exponent);
 }

@@ -11,8 +11,9 @@ namespace VellariHostKit {
 /**
  * Draws the progress of one operation as a bar on one line of a terminal, and takes it away at the end.
  *
- * Whether the stream is a terminal is for the caller to ask. The bar is drawn anew only when its text changes and
- * the interval has gone by, so that a fast operation isn't slowed down. Not to be used from two threads at once.
+ * Whether the stream is a terminal is for the caller to ask. The bar is drawn anew only when its text changes
+ * and the interval has gone by, so that a fast operation isn't slowed down. Not to be used from two threads
+ * at once.
  */
 class TTerminalProgress : public TKvProgressHandler {
 public:

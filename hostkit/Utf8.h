@@ -11,7 +11,10 @@ struct Utf8Character {
     std::size_t length; ///< number of bytes; 0 for a byte that isn't UTF-8
 };
 
-/** @return the character at the beginning of `text`, which isn't empty; overlong forms and surrogates aren't UTF-8. */
+/**
+ * @return the character at the beginning of `text`, which isn't empty; overlong forms and surrogates aren't
+ *         UTF-8.
+ */
 Utf8Character DecodeUtf8(std::string_view text);
 
 /** @return the offset of the first byte that isn't UTF-8, or npos. */

@@ -25,9 +25,9 @@ struct ParsedDocument {
 };
 
 /**
- * Parses a document and checks what the parser lets pass: that it is UTF-8 of characters that XML may hold, has one
- * root element and no text beside it, no document type, no reference to an unknown entity, no attribute twice, and
- * no nesting deeper than `MaxXmlDepth`.
+ * Parses a document and checks what the parser lets pass: that it is UTF-8 of characters that XML may hold,
+ * has one root element and no text beside it, no document type, no reference to an unknown entity, no
+ * attribute twice, and no nesting deeper than `MaxXmlDepth`.
  *
  * @throws std::runtime_error with the place and what is wrong.
  */

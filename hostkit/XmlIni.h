@@ -17,14 +17,15 @@ inline constexpr char const* DefaultXmlRoot = "Vellari";
 /**
  * Reads a tree of sections from an XML document.
  *
- * The root element is the first section. The items of a section are its attributes and then its child elements,
- * numbered from 0; an item's key is its name, and an unnamed item is an element named `item`. An attribute is a
- * value. An element without child elements is a value, its text; an element with child elements or attributes is a
- * section, and so is an empty one. Blanks, tabs and line ends between elements, comments and processing instructions don't count. How
- * keys and values that XML can't hold are written stands in `hostkit/XmlText.h`.
+ * The root element is the first section. The items of a section are its attributes and then its child
+ * elements, numbered from 0; an item's key is its name, and an unnamed item is an element named `item`. An
+ * attribute is a value. An element without child elements is a value, its text; an element with child
+ * elements or attributes is a section, and so is an empty one. Blanks, tabs and line ends between elements,
+ * comments and processing instructions don't count. How keys and values that XML can't hold are written
+ * stands in `hostkit/XmlText.h`.
  *
- * The document is UTF-8. A document with a document type declaration is refused, so that nothing is fetched or
- * expanded. A reader is not to be used from two threads at once.
+ * The document is UTF-8. A document with a document type declaration is refused, so that nothing is fetched
+ * or expanded. A reader is not to be used from two threads at once.
  */
 class TXmlIniReader : public TKvXIniReader {
 public:
@@ -36,15 +37,15 @@ public:
 
     /**
      * Reads a document from a string and stands at its root.
-     * @throws std::runtime_error with "<string>", line and column and what is wrong with a document that isn't well
-     *         formed or goes too deep; the reader is then unchanged.
+     * @throws std::runtime_error with "<string>", line and column and what is wrong with a document that
+     *         isn't well formed or goes too deep; the reader is then unchanged.
      */
     void LoadString(std::string_view document);
 
     /**
      * Reads a document from a file and stands at its root.
-     * @throws std::runtime_error that names the file and the system's reason, or the file, line and column and what
-     *         is wrong; the reader is then unchanged.
+     * @throws std::runtime_error that names the file and the system's reason, or the file, line and column
+     *         and what is wrong; the reader is then unchanged.
      */
     void LoadFile(std::string const& path);
 
@@ -71,10 +72,10 @@ private:
 /**
  * Writes a tree of sections as an XML document: the mirror of `TXmlIniReader`.
  *
- * A section is an element with its key as the name, `item` without a key; a value is an element with the value as
- * its text, or an attribute of the current section in attribute mode. A compact section stands on one line with all
- * that it holds; everything else stands on lines of its own, indented by four blanks a level. A writer is not to be
- * used from two threads at once.
+ * A section is an element with its key as the name, `item` without a key; a value is an element with the
+ * value as its text, or an attribute of the current section in attribute mode. A compact section stands on
+ * one line with all that it holds; everything else stands on lines of its own, indented by four blanks a
+ * level. A writer is not to be used from two threads at once.
  */
 class TXmlIniWriter : public TKvXIniWriter {
 public:

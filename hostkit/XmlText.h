@@ -6,10 +6,11 @@
 /**
  * How keys and values become names and texts of XML 1.0, which can hold neither every name nor every byte.
  *
- * A byte that XML can't hold in a value (a control character other than TAB, LF and CR, a byte that isn't UTF-8,
- * the bytes of U+FFFE and U+FFFF) is written `_x00HH_` with two hexadecimal digits in capitals, as many programs
- * do; an underscore that would be read as the beginning of such an escape is written `_x005F_`. All other texts
- * stay as they are. A key uses the same escape for each byte of a character that a name can't have in its place.
+ * A byte that XML can't hold in a value (a control character other than TAB, LF and CR, a byte that isn't
+ * UTF-8, the bytes of U+FFFE and U+FFFF) is written `_x00HH_` with two hexadecimal digits in capitals, as
+ * many programs do; an underscore that would be read as the beginning of such an escape is written `_x005F_`.
+ * All other texts stay as they are. A key uses the same escape for each byte of a character that a name can't
+ * have in its place.
  */
 namespace VellariHostKit {
 
@@ -29,8 +30,8 @@ std::string NameOf(std::string_view key);
 bool IsXmlCharacter(char32_t code);
 
 /**
- * Writes a text of XML characters so that every parser gives back the same: markup characters, line ends, tabs and
- * blanks at the ends as references.
+ * Writes a text of XML characters so that every parser gives back the same: markup characters, line ends,
+ * tabs and blanks at the ends as references.
  */
 std::string EscapeMarkup(std::string_view text);
 

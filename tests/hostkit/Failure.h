@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-/** @return the text of the std::runtime_error that `call` throws; a note that doesn't match anything without one. */
+/** @return the text of the std::runtime_error that `call` throws; a note in brackets without one. */
 template <class Call>
 std::string FailureOf(Call call) {
     try {

@@ -14,8 +14,8 @@ namespace {
 constexpr double pi = 3.141592653589793;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// The exact numbers below were computed with Python's mpmath at 40 digits, from A = (Rz Ry Rx)^T written out as a
-// product of three matrices and the textbook angles of a rotation matrix.
+// The exact numbers below were computed with Python's mpmath at 40 digits, from A = (Rz Ry Rx)^T written out
+// as a product of three matrices and the textbook angles of a rotation matrix.
 constexpr T7Params first = {0.1, 0.2, 0.3, 0.001, 10, 20, 30};
 constexpr T7Params second = {-0.25, 0.4, 1.1, -0.002, -7, 11, 130};
 
@@ -254,7 +254,7 @@ TEST(RzyxGetAlphaBetaGamma, IsExactWhereTheMiddleAngleIsARightAngle) {
             EXPECT_LT(RecompositionError(Rzyx(other, beta, 0.4)), 1e-15) << beta << " " << other;
         }
     }
-    // A frame on the equator with its axes up, east and north: M20 is exactly 1 and M00, M10, M21, M22 are 0.
+    // A frame on the equator with its axes up, east and north: the cosine of the middle angle is exactly 0.
     for (double const sign : {1.0, -1.0}) {
         TMatrix frame(3, 3);
         frame.SetElement(0, 2, sign);

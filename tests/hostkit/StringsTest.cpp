@@ -120,8 +120,8 @@ TEST(StringToDoubleDef, GivesTheFallbackForAnythingButANumber) {
 
 TEST(ValueFromString, ReadsAFloatDirectly) {
     float value = 5.0f;
-    // A little above the middle of 1 and the next float, 1 + 2^-24 + 1e-20: by way of a double it would lose the
-    // part that decides and be rounded to even, to 1.
+    // A little above the middle of 1 and the next float, 1 + 2^-24 + 1e-20: by way of a double it would lose
+    // the part that decides and be rounded to even, to 1.
     EXPECT_TRUE(LumCommonUtils::ValueFromString("1.00000005960464477540", &value));
     EXPECT_EQ(value, std::nextafter(1.0f, 2.0f));
 }

@@ -32,10 +32,21 @@ libraries=$(pkg-config --variable=libdir vellari)
 "$compiler" -O2 -Wall -Wextra -Wpedantic -Werror $(pkg-config --cflags vellari) "$work/host/main.cpp" \
     -o "$work/by-pkg-config" $(pkg-config --libs vellari) "-Wl,-rpath,$libraries"
 
+# Every installed header is one that a host reaches by the two umbrella headers, and the other way round.
+include=$work/tree/include/Vellari
+installed=$(cd "$include" && find . -name '*.h' | sort)
+echo '#include <Vellari/Vellari.h>
+#include <Vellari/hostkit/HostKit.h>' >"$work/umbrellas.cpp"
+# shellcheck disable=SC2046
+reached=$("$compiler" -MM $(pkg-config --cflags vellari) "$work/umbrellas.cpp" | tr -s ' \\\n' '\n' |
+    grep "^$include/" | sed "s|^$include/|./|" | sort -u)
+[ "$installed" = "$reached" ] || fail "installed headers and those that hosts reach differ:
+$(diff <(echo "$installed") <(echo "$reached"))"
+
 descriptions=$work/tree/share/Vellari/catalog
-arguments=("$descriptions/pulkovo-1942.txt" "$descriptions/wgs-84.txt" 55.75 37.62 150)
-by_cmake=$("$work/by-cmake/host" "${arguments[@]}")
-by_pkg_config=$("$work/by-pkg-config" "${arguments[@]}")
+arguments=("$descriptions/pulkovo-1942.txt" "$descriptions/wgs-84.txt")
+by_cmake=$(echo 55.75 37.62 150 | "$work/by-cmake/host" "${arguments[@]}")
+by_pkg_config=$(echo 55.75 37.62 150 | "$work/by-pkg-config" "${arguments[@]}")
 echo "CMake: $by_cmake; pkg-config: $by_pkg_config"
 
 [ "$by_cmake" = "$by_pkg_config" ] || fail "the two hosts differ"

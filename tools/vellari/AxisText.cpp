@@ -3,6 +3,7 @@
 #include "tools/vellari/NameMatch.h"
 #include "tools/vellari/ToolError.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace VellariTool {
@@ -63,6 +64,9 @@ TAxisText::TAxisText(std::string axisName, TShellAngularUnit const& unit, bool i
         columnName = axis + "_" + ColumnUnitName(unit.Abbreviation, unit.Name);
     } else {
         sexagesimalUnit = &unit;
+        if (notation == snPackedSeconds || notation == snPackedMinutes) {
+            precision = std::min(precision, MostPackedDecimals);
+        }
         columnName = axis + "_" + std::string(NotationName(notation));
     }
 }

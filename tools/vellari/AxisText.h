@@ -19,6 +19,9 @@ namespace VellariTool {
  */
 class TAxisText {
 public:
+    /** The packed notations print their fraction as an int. */
+    static constexpr int MostPackedDecimals = 9;
+
     TAxisText() = default;
 
     /**

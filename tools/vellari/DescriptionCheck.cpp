@@ -1,0 +1,294 @@
+#include "tools/vellari/DescriptionCheck.h"
+
+#include "tools/vellari/ToolError.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+namespace VellariTool {
+
+namespace {
+
+using namespace KvRefSystem;
+
+// --- Conditions ------------------------------------------------------------------------------------------------------
+
+int WholeOr(TStringTree const& tree, int tag, int fallback) {
+    int value = fallback;
+    tree.GetInteger(tag, 0, &value);
+    return value;
+}
+
+bool HasFlattening(TStringTree const& ellipsoid) {
+    return WholeOr(ellipsoid, 5114, 0) != 0;
+}
+
+bool HasMinorAxis(TStringTree const& ellipsoid) {
+    return !HasFlattening(ellipsoid) && WholeOr(ellipsoid, 5115, 0) == 0;
+}
+
+int ShiftForm(TStringTree const& shift) {
+    TStringTree const* const form = shift.FindSubtree(5443, 0);
+    return form ? WholeOr(*form, 5701, 0) : 0;
+}
+
+bool HasKnownForm(TStringTree const& shift) {
+    return ShiftForm(shift) >= dstMolodensky && ShiftForm(shift) <= dstBursaWolfInvRot;
+}
+
+bool HasRotations(TStringTree const& shift) {
+    return ShiftForm(shift) == dstBursaWolf || ShiftForm(shift) == dstBursaWolfInvRot;
+}
+
+bool HasDatum(TStringTree const& system) {
+    return system.FindSubtree(1107, 0) != nullptr;
+}
+
+bool HasNoDatum(TStringTree const& system) {
+    return !HasDatum(system);
+}
+
+bool HasPrimeMeridian(TStringTree const& system) {
+    return system.FindSubtree(1101, 0) != nullptr;
+}
+
+// --- What a description must hold ------------------------------------------------------------------------------------
+
+constexpr TRequirement unitRows[] = {
+    {5301, rfWhole, "the unit's code"},
+    {5312, rfWhole, "the unit's kind"},
+    {5320, rfText, "the unit's name"},
+    {5322, rfText, "the unit's description"},
+    {5321, rfText, "the unit's abbreviation"},
+    {5310, rfFactor, "the numerator of the unit's size", suTransform},
+    {5311, rfFactor, "the denominator of the unit's size", suTransform},
+};
+
+constexpr TRequirement ellipsoidRows[] = {
+    {5120, rfText, "the ellipsoid's name"},
+    {5121, rfText, "the ellipsoid's description"},
+    {5110, rfText, "the semi-major axis"},
+    {5111, rfText, "the semi-minor axis, which may be empty"},
+    {5114, rfWhole, "whether there is an inverse flattening (1) or not (0)"},
+    {5115, rfWhole, "whether it is a sphere (1) or not (0)"},
+    {5113, rfTreeOrHere, "the ellipsoid's linear unit", suShow, unitRows},
+    {5112, rfText, "the inverse flattening", suShow, {}, HasFlattening},
+    {5110, rfNumber, "the semi-major axis"},
+    {5111, rfNumber, "the semi-minor axis", suShow, {}, HasMinorAxis},
+    {5112, rfNumber, "the inverse flattening", suShow, {}, HasFlattening},
+};
+
+constexpr TRequirement meridianRows[] = {
+    {5220, rfText, "the prime meridian's name"},
+    {5221, rfText, "the prime meridian's description"},
+    {5210, rfText, "the prime meridian's longitude"},
+    {5211, rfTreeOrHere, "the prime meridian's angular unit", suShow, unitRows},
+};
+
+constexpr TRequirement shiftFormRows[] = {
+    {5701, rfWhole, "the form of the datum shift", suTransform},
+};
+
+constexpr TRequirement shiftRows[] = {
+    {5443, rfTree, "the form of the datum shift", suTransform, shiftFormRows},
+    {5440, rfTree, "the linear unit of the datum shift", suShow, unitRows, HasKnownForm},
+    {5461, rfNumber, "the shift along X", suShow, {}, HasKnownForm},
+    {5462, rfNumber, "the shift along Y", suShow, {}, HasKnownForm},
+    {5463, rfNumber, "the shift along Z", suShow, {}, HasKnownForm},
+    {5441, rfTree, "the angular unit of the datum shift", suShow, unitRows, HasRotations},
+    {5442, rfTree, "the scale unit of the datum shift", suShow, unitRows, HasRotations},
+    {5464, rfText, "the rotation about X", suShow, {}, HasRotations},
+    {5465, rfText, "the rotation about Y", suShow, {}, HasRotations},
+    {5466, rfText, "the rotation about Z", suShow, {}, HasRotations},
+    {5467, rfNumber, "the scale difference", suShow, {}, HasRotations},
+};
+
+constexpr TRequirement datumRows[] = {
+    {1102, rfTree, "the datum shift", suShow, shiftRows},
+    {5610, rfTree, "the datum's ellipsoid", suShow, ellipsoidRows},
+};
+
+constexpr TRequirement verticalRows[] = {
+    {1104, rfTree, "the unit of heights", suTransform, unitRows},
+};
+
+constexpr TRequirement geodeticRows[] = {
+    {1020, rfText, "the name"},
+    {1021, rfText, "the description, which may be empty"},
+    {1107, rfTree, "the datum", suShow, datumRows, HasDatum},
+    {1103, rfTree, "the ellipsoid, or (1107,0), the datum", suShow, ellipsoidRows, HasNoDatum},
+    {1101, rfTree, "the prime meridian", suShow, meridianRows, HasPrimeMeridian},
+    {1201, rfTree, "the vertical system", suShow, verticalRows},
+    {1106, rfTree, "the angular unit", suShow, unitRows},
+};
+
+/** A kind with its name and what it must hold; the names are those of the descriptions' readers. */
+struct TKindRow {
+    int kind;
+    char const* name;
+    std::span<TRequirement const> rows;
+};
+
+constexpr TKindRow kinds[] = {
+    {rstLocalCartesian, "local Cartesian", {}}, {rstLocalCurved, "local curved", {}},
+    {rstGeocentric, "geocentric", {}},          {rstGeodetic, "geodetic", geodeticRows},
+    {rstMapProjected, "map-projected", {}},     {rstTopocentricHorizontal, "topocentric", {}},
+};
+
+// --- The walk --------------------------------------------------------------------------------------------------------
+
+std::string Pair(int tag) {
+    return FormatText("(%d,0)", tag);
+}
+
+/** Where a row stands: the subtrees on the way from the root. */
+struct TPlace {
+    TStringTree const* tree;
+    std::string path; ///< empty at the root
+
+    /** "the description" or "subtree (1107,0) "datum"". */
+    std::string Name() const { return path.empty() ? "the description" : "subtree " + path; }
+    TPlace Below(TStringTree const* child) const {
+        return {child, path + (path.empty() ? "" : "/") + Pair(child->tag) +
+                           (child->header.empty() ? "" : " " + Quoted(child->header, 40))};
+    }
+};
+
+/** The unit of an angle's text may be a notation that isn't a plain number. */
+bool IsUsable(TRequirement const& row, std::string const& text) {
+    double number = 0;
+    int whole = 0;
+    switch (row.form) {
+    case rfWhole:
+        return ParseWholeInt(text, &whole);
+    case rfNumber:
+        return ParseWholeDouble(text, &number);
+    case rfFactor:
+        return ParseWholeDouble(text, &number) && number != 0.0;
+    case rfText:
+    case rfTree:
+    case rfTreeOrHere:
+        break;
+    }
+    return true;
+}
+
+char const* WantedText(TRequirementForm form) {
+    switch (form) {
+    case rfWhole:
+        return "a whole number";
+    case rfFactor:
+        return "a number other than 0";
+    default:
+        return "a number";
+    }
+}
+
+std::optional<std::string> FindMistake(TPlace const& place, std::span<TRequirement const> rows, TSystemUse use);
+
+std::optional<std::string> FindFieldMistake(TPlace const& place, TRequirement const& row) {
+    std::string text;
+    if (!place.tree->GetString(row.tag, 0, &text)) {
+        return ": " + place.Name() + " lacks field " + Pair(row.tag) + ", " + row.meaning;
+    }
+    if (!IsUsable(row, text)) {
+        return ": " + place.Name() + " has in field " + Pair(row.tag) + ", " + row.meaning + ", the text " +
+               Quoted(text, 40) + " where " + WantedText(row.form) + " is needed";
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> FindTreeMistake(TPlace const& place, TRequirement const& row, TSystemUse use) {
+    if (TStringTree const* const child = place.tree->FindSubtree(row.tag, 0)) {
+        return FindMistake(place.Below(child), row.inside, use);
+    }
+    if (row.form == rfTreeOrHere) {
+        bool const standsHere = std::any_of(row.inside.begin(), row.inside.end(), [&place](TRequirement const& inner) {
+            return place.tree->FindField(inner.tag, 0) != nullptr;
+        });
+        if (standsHere) {
+            return FindMistake(place, row.inside, use);
+        }
+    }
+    return ": " + place.Name() + " lacks subtree " + Pair(row.tag) + ", " + row.meaning;
+}
+
+std::optional<std::string> FindMistake(TPlace const& place, std::span<TRequirement const> rows, TSystemUse use) {
+    for (TRequirement const& row : rows) {
+        if (row.use > use || (row.applies && !row.applies(*place.tree))) {
+            continue;
+        }
+        bool const isTree = row.form == rfTree || row.form == rfTreeOrHere;
+        std::optional<std::string> mistake =
+            isTree ? FindTreeMistake(place, row, use) : FindFieldMistake(place, row);
+        if (mistake) {
+            return mistake;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::span<TRequirement const> RequirementsOf(int kind) {
+    for (TKindRow const& row : kinds) {
+        if (row.kind == kind) {
+            return row.rows;
+        }
+    }
+    return {};
+}
+
+std::optional<std::string> FindTextMistake(std::string_view text) {
+    std::size_t const first = text.find_first_not_of("\t");
+    if (first == std::string_view::npos) {
+        return " is not a description: it is empty";
+    }
+    if (text[first] != '(') {
+        return " is not a description: it begins with " + Quoted(text.substr(0, text.find('\n')), 20) +
+               " where \"(0,0)\" is needed";
+    }
+    std::size_t const nul = text.find('\0');
+    // Texts that a system wrote itself may end with one.
+    if (nul != std::string_view::npos && nul + 1 != text.size()) {
+        return FormatText(" is not a description: it has a NUL byte at offset %lu", static_cast<unsigned long>(nul));
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> FindDescriptionMistake(TStringTree const& tree, TSystemUse use) {
+    TPlace const root{&tree, ""};
+    TRequirement const kindRow{1100, rfWhole, "the kind of the system"};
+    if (std::optional<std::string> mistake = FindFieldMistake(root, kindRow)) {
+        return mistake;
+    }
+    int const kind = WholeOr(tree, 1100, 0);
+    auto const* const known =
+        std::find_if(std::begin(kinds), std::end(kinds), [kind](TKindRow const& row) { return row.kind == kind; });
+    if (known == std::end(kinds)) {
+        return FormatText(": field (1100,0), the kind of the system, is %d; kinds are 1 to 6", kind);
+    }
+    if (known->rows.empty()) {
+        return FormatText(": field (1100,0), the kind of the system, is %d, %s, which this version can't build", kind,
+                          known->name);
+    }
+    return FindMistake(root, known->rows, use);
+}
+
+std::optional<int> FindLineIndentedWithBlanks(std::string_view text) {
+    int number = 1;
+    while (!text.empty()) {
+        std::string_view const line = text.substr(0, text.find('\n'));
+        std::size_t const first = line.find_first_not_of(" \t");
+        if (first != std::string_view::npos && line[first] == '(' &&
+            line.substr(0, first).find(' ') != std::string_view::npos) {
+            return number;
+        }
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+        ++number;
+    }
+    return std::nullopt;
+}
+
+} // namespace VellariTool

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "tools/vellari/SystemLoader.h"
+
+#include <Vellari/Vellari.h>
+
+#include <optional>
+#include <span>
+#include <string>
+
+namespace VellariTool {
+
+/** What a description must hold at one place. */
+enum TRequirementForm : int {
+    rfText = 0,   ///< a field with any text, maybe empty
+    rfWhole = 1,  ///< a field with a whole number
+    rfNumber = 2, ///< a field with a number; where the unit is sexagesimal, with any text that isn't empty
+    rfFactor = 3, ///< a field with a number that isn't 0
+    rfTree = 4,   ///< a subtree that meets requirements of its own
+    rfTreeOrHere = 5, ///< the same, or its fields stand directly here
+};
+
+/** One row: what a tree must hold. Rows of a kind are in the order in which they are looked for. */
+struct TRequirement {
+    int tag;
+    TRequirementForm form;
+    char const* meaning;
+    TSystemUse use = suShow; ///< `suTransform`: the system builds without it and can't be used
+    std::span<TRequirement const> inside = {};
+    bool (*applies)(KvRefSystem::TStringTree const& tree) = nullptr; ///< null: always
+};
+
+/** @return what a description of that kind must hold; empty for a kind without a table. */
+std::span<TRequirement const> RequirementsOf(int kind);
+
+/** @return a message that follows the file's name, when a text can't be a description at all. */
+std::optional<std::string> FindTextMistake(std::string_view text);
+
+/** @return a message that follows the file's name, about the first thing that is missing or wrong. */
+std::optional<std::string> FindDescriptionMistake(KvRefSystem::TStringTree const& tree, TSystemUse use);
+
+/** @return the number of the first line whose indentation has blanks. */
+std::optional<int> FindLineIndentedWithBlanks(std::string_view text);
+
+} // namespace VellariTool

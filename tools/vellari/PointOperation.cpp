@@ -1,0 +1,69 @@
+#include "tools/vellari/PointOperation.h"
+
+#include <cmath>
+#include <exception>
+#include <limits>
+
+namespace VellariTool {
+
+using namespace KvRefSystem;
+
+namespace {
+
+/** Room for the rounding of a pole's latitude in its unit; below 0.1 mm on the ground. */
+constexpr double latitudeTolerance = 1e-11;
+
+constexpr double halfPi = 1.5707963267948966;
+
+} // namespace
+
+TPointOperation::TPointOperation(TShellReferenceSystem const& sourceSystem, TShellReferenceSystem const& targetSystem)
+    : source(sourceSystem), target(targetSystem),
+      greatestLatitude(sourceSystem.IsLatLon()
+                           ? (halfPi + latitudeTolerance) / sourceSystem.GetPlaneUnitCoefToBase()
+                           : std::numeric_limits<double>::infinity()) {}
+
+bool TPointOperation::Transform(TPoint* point, std::string* reason) const {
+    double* const coords = point->coord;
+    // The library folds such a latitude back to a pole; among points it is a mistake, mostly exchanged columns.
+    if (!(std::fabs(coords[0]) <= greatestLatitude)) {
+        *reason = FormatText("latitude %.9g is beyond a pole", coords[0]);
+        return false;
+    }
+    try {
+        if (point->hasHeight) {
+            source.OperateShellCoords(target, coords, false);
+        } else {
+            TransformWithoutHeight(coords);
+        }
+    } catch (std::exception const& failure) {
+        *reason = std::string("the transformation failed: ") + failure.what();
+        return false;
+    }
+    if (!std::isfinite(coords[0]) || !std::isfinite(coords[1]) || !std::isfinite(coords[2])) {
+        *reason = FormatText("the transformation gave no finite numbers: %.9g, %.9g, %.9g", coords[0], coords[1],
+                             coords[2]);
+        return false;
+    }
+    return true;
+}
+
+/** The same way as `OperateShellCoords`, by the proxies of both systems, with the mark that there is no height. */
+void TPointOperation::TransformWithoutHeight(double* coords) const {
+    TCoords point;
+    point.ZUndefined = true;
+    source.CoordsShellToCore(coords, &point);
+    TReferenceSystem const* current = source.CoreRefSystem;
+    for (TShellReferenceSystem const* const system : {&source, &target}) {
+        if (system->ContainsProxyRefSys()) {
+            var_a<TShellReferenceSystem*> const proxy = system->GetProxyRefSys();
+            TReferenceSystem const* const next = proxy->CoreRefSystem;
+            current->OperateCoords(*next, &point);
+            current = next;
+        }
+    }
+    current->OperateCoords(*target.CoreRefSystem, &point);
+    target.CoordsCoreToShell(point, coords);
+}
+
+} // namespace VellariTool
