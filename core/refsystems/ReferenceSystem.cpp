@@ -3,6 +3,7 @@
 #include "core/refsystems/GeocentricReferenceSystem.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace KvRefSystem {
 

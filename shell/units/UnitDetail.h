@@ -8,7 +8,7 @@
 namespace KvRefSystem {
 
 /** What the kinds of units share inside of their bodies; not for hosts, and hidden from them. */
-namespace [[gnu::visibility("hidden")]] UnitDetail {
+namespace __attribute__((visibility("hidden"))) UnitDetail {
 
 inline constexpr double Pi = 3.141592653589793;
 inline constexpr double RadiansOfDegree = 0.017453292519943295;
@@ -32,6 +32,6 @@ inline std::string UnitWKT(char const* name, double coefToBase) {
     return FormatText("UNIT[\"%s\",%.15lg]", name, coefToBase);
 }
 
-} // namespace gnu::visibility("hidden")]]UnitDetail
+} // namespace UnitDetail
 
 } // namespace KvRefSystem

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -16,15 +15,6 @@ namespace OracleTests {
 namespace {
 
 using namespace KvRefSystem;
-
-/** What the house promises of the whole road: metres on the ground and upwards. */
-constexpr double PromisedOnTheGround = 1e-3;
-
-/** The same formulas in two programs, of which PROJ's goes back in one pass (1e-6); metres. */
-constexpr double SameFormulas = 2e-6;
-
-/** 6 km from the poles and no nearer: there the height's division by the cosine magnifies the last places. */
-constexpr TRegion Ground = {89.95, -1e3, 9e3};
 
 /** The entries that have a datum, by name. */
 std::map<std::string, std::unique_ptr<TShellReferenceSystem>> SystemsWithDatum() {
@@ -48,11 +38,9 @@ TEST(CatalogPairs, AllPairsEqualProjsWithTheSameParameters) {
     auto const systems = SystemsWithDatum();
     ASSERT_GE(systems.size(), 15u);
     std::vector<TPlace> const places = EdgesAndDrawn(Ground, 200, 7705);
-    double greatest = 0;
     for (auto const& [sourceName, source] : systems) {
         for (auto const& [targetName, target] : systems) {
             TProjPipeline const pipeline(PipelineBetween(*source, *target, TShiftStyle{}));
-            // Equal datums are skipped here; a pipeline goes there and back, and leaves the rotations' squares.
             double distance = 0;
             for (TPlace const& place : places) {
                 TPlace const ours = OurWay(*source, place, *target);
@@ -61,10 +49,8 @@ TEST(CatalogPairs, AllPairsEqualProjsWithTheSameParameters) {
             bool const equal = CompareDatums(source.get(), target.get()) == dcEqual;
             EXPECT_LT(distance, equal ? PromisedOnTheGround : SameFormulas)
                 << sourceName << " to " << targetName;
-            greatest = std::max(greatest, distance);
         }
     }
-    EXPECT_LT(greatest, PromisedOnTheGround);
 }
 
 } // namespace

@@ -9,6 +9,18 @@
 
 namespace OracleTests {
 
+/** What the house promises of the whole road: a millimetre, on the ground and upwards. */
+inline constexpr double PromisedOnTheGround = 1e-3;
+
+/**
+ * What two programs of the same formulas leave, metres: the last places of a longitude in degrees (3e-9), the passes
+ * that stop at 1e-12 radians (4.3e-8, in the height times the tangent of the latitude) and PROJ's single pass (1e-6).
+ */
+inline constexpr double SameFormulas = 3e-6;
+
+/** 220 km from the poles and no nearer: the height is p / cos(latitude) - N, on which the tangent (29 here) acts. */
+inline constexpr TRegion Ground = {88.0, -1e3, 9e3};
+
 /** How the steps of PROJ turn and scale. */
 struct TShiftStyle {
     bool Exact = false;          ///< rotations by sines and cosines

@@ -41,6 +41,23 @@ bool HasRotations(TStringTree const& shift) {
     return ShiftForm(shift) == dstBursaWolf || ShiftForm(shift) == dstBursaWolfInvRot;
 }
 
+/** Whether the unit's texts are plain numbers, not a sexagesimal notation. */
+bool IsPlainUnit(TStringTree const& unit) {
+    int const code = WholeOr(unit, 5301, 0);
+    return code != anDegreeMinuteSecond && code != anDegreeMinuteSecondHemisphere && code != anSexagesimalDegree &&
+           code != anDegreeDecimalMinute;
+}
+
+bool HasPlainRotations(TStringTree const& shift) {
+    TStringTree const* const unit = shift.FindSubtree(5441, 0);
+    return HasRotations(shift) && unit && IsPlainUnit(*unit);
+}
+
+bool HasPlainLongitude(TStringTree const& meridian) {
+    TStringTree const* const unit = meridian.FindSubtree(5211, 0);
+    return IsPlainUnit(unit ? *unit : meridian);
+}
+
 bool HasDatum(TStringTree const& system) {
     return system.FindSubtree(1107, 0) != nullptr;
 }
@@ -84,6 +101,7 @@ constexpr TRequirement meridianRows[] = {
     {5221, rfText, "the prime meridian's description"},
     {5210, rfText, "the prime meridian's longitude"},
     {5211, rfTreeOrHere, "the prime meridian's angular unit", suShow, unitRows},
+    {5210, rfNumberOrEmpty, "the prime meridian's longitude", suShow, {}, HasPlainLongitude},
 };
 
 constexpr TRequirement shiftFormRows[] = {
@@ -93,15 +111,18 @@ constexpr TRequirement shiftFormRows[] = {
 constexpr TRequirement shiftRows[] = {
     {5443, rfTree, "the form of the datum shift", suTransform, shiftFormRows},
     {5440, rfTree, "the linear unit of the datum shift", suShow, unitRows, HasKnownForm},
-    {5461, rfNumber, "the shift along X", suShow, {}, HasKnownForm},
-    {5462, rfNumber, "the shift along Y", suShow, {}, HasKnownForm},
-    {5463, rfNumber, "the shift along Z", suShow, {}, HasKnownForm},
+    {5461, rfNumberOrEmpty, "the shift along X", suShow, {}, HasKnownForm},
+    {5462, rfNumberOrEmpty, "the shift along Y", suShow, {}, HasKnownForm},
+    {5463, rfNumberOrEmpty, "the shift along Z", suShow, {}, HasKnownForm},
     {5441, rfTree, "the angular unit of the datum shift", suShow, unitRows, HasRotations},
     {5442, rfTree, "the scale unit of the datum shift", suShow, unitRows, HasRotations},
     {5464, rfText, "the rotation about X", suShow, {}, HasRotations},
     {5465, rfText, "the rotation about Y", suShow, {}, HasRotations},
     {5466, rfText, "the rotation about Z", suShow, {}, HasRotations},
-    {5467, rfNumber, "the scale difference", suShow, {}, HasRotations},
+    {5467, rfNumberOrEmpty, "the scale difference", suShow, {}, HasRotations},
+    {5464, rfNumberOrEmpty, "the rotation about X", suShow, {}, HasPlainRotations},
+    {5465, rfNumberOrEmpty, "the rotation about Y", suShow, {}, HasPlainRotations},
+    {5466, rfNumberOrEmpty, "the rotation about Z", suShow, {}, HasPlainRotations},
 };
 
 constexpr TRequirement datumRows[] = {
@@ -155,7 +176,7 @@ struct TPlace {
     }
 };
 
-/** The unit of an angle's text may be a notation that isn't a plain number. */
+/** @return whether a field's text has the form of its row. */
 bool IsUsable(TRequirement const& row, std::string const& text) {
     double number = 0;
     int whole = 0;
@@ -164,6 +185,8 @@ bool IsUsable(TRequirement const& row, std::string const& text) {
         return ParseWholeInt(text, &whole);
     case rfNumber:
         return ParseWholeDouble(text, &number);
+    case rfNumberOrEmpty:
+        return text.find_first_not_of(" \t") == std::string::npos || ParseWholeDouble(text, &number);
     case rfFactor:
         return ParseWholeDouble(text, &number) && number != 0.0;
     case rfText:

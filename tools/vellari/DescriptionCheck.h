@@ -14,10 +14,11 @@ namespace VellariTool {
 enum TRequirementForm : int {
     rfText = 0,   ///< a field with any text, maybe empty
     rfWhole = 1,  ///< a field with a whole number
-    rfNumber = 2, ///< a field with a number; where the unit is sexagesimal, with any text that isn't empty
-    rfFactor = 3, ///< a field with a number that isn't 0
-    rfTree = 4,   ///< a subtree that meets requirements of its own
-    rfTreeOrHere = 5, ///< the same, or its fields stand directly here
+    rfNumber = 2, ///< a field with a number
+    rfNumberOrEmpty = 3, ///< a field with a number or with nothing, which counts as 0
+    rfFactor = 4,        ///< a field with a number that isn't 0
+    rfTree = 5,          ///< a subtree that meets requirements of its own
+    rfTreeOrHere = 6,    ///< the same, or its fields stand directly here
 };
 
 /** One row: what a tree must hold. Rows of a kind are in the order in which they are looked for. */

@@ -407,6 +407,15 @@ TEST(FloatTable, LastGridLineGivesTheLastColumn) {
     EXPECT_EQ(table->InterpolateValue(200.0f, 110.0f), 4.0f);
 }
 
+TEST(FloatTable, LastGridLineStillBelongsToTheLastCell) {
+    // So the column before it takes part with the weight 0, which an infinity doesn't survive.
+    auto const table = Loaded(Sample);
+    table->Rows[1][0] = Infinity;
+    EXPECT_TRUE(std::isnan(table->InterpolateValue(220.0f, 100.0f)));
+    EXPECT_TRUE(std::isnan(table->InterpolateValue(1e9f, 100.0f)));
+    EXPECT_EQ(table->InterpolateValue(200.0f, 110.0f), 4.0f);
+}
+
 TEST(FloatTable, OutsideTheNearestEdgeCounts) {
     auto const table = Loaded(Sample);
     EXPECT_EQ(table->InterpolateValue(0.0f, 0.0f), 1.0f);
@@ -469,6 +478,10 @@ TEST(FloatTable, OddStepsStayInTheTable) {
     table.Rows[1][1] = 4.0f;
     EXPECT_EQ(table.InterpolateValue(5.0f, 5.0f), 2.0f);
     EXPECT_EQ(table.InterpolateValue(-5.0f, -5.0f), 1.0f);
+    // The distance in infinite steps is a NaN, which ends at the last cell.
+    table.StepX = Infinity;
+    table.StepY = Infinity;
+    EXPECT_EQ(table.InterpolateValue(Infinity, Infinity), 4.0f);
     // A step that is too small for a float is 0 in the table.
     EXPECT_EQ(Loaded("2 2 1e-300 0 0 1 2 3 4")->InterpolateValue(5.0f, 5.0f), 4.0f);
 }

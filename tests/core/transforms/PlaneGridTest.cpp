@@ -158,7 +158,7 @@ TEST(PlaneGrid, OutputIsTheCommonLinesOnly) {
 // --- With a system -----------------------------------------------------------------------------------------
 
 TEST(PlaneGrid, IsLookedUpInItsOwnSystem) {
-    // Pulkovo 37° E, 55° N, 200 m is at 36.9980052994° E, 55.0000881313° N of WGS 84 (50 digits in mpmath).
+    // Pulkovo 37° E, 55° N, 200 m is at 36.9980052994° E, 55.0000881313° N of WGS 84 (mpmath).
     // dE = 1e6 (lon - 0.64), dN = 1e6 (lat - 0.955), both in radians.
     TGeodeticReferenceSystem const wgs84 = Wgs84();
     TGeodeticReferenceSystem const pulkovo = Pulkovo();

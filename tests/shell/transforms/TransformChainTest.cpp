@@ -3,6 +3,7 @@
 #include "core/refsystems/ReferenceSystem.h"
 #include "core/transforms/PlaneAndVertical.h"
 #include "core/transforms/PlaneGrid.h"
+#include "frame/NumberText.h"
 
 #include <gtest/gtest.h>
 
@@ -531,10 +532,10 @@ TEST(ShellTransformChain, AxesDoNotTouchGridsAndHeights) {
     std::unique_ptr<TRefSystemTransformsSet> const plain(chain->CreateCoreTransform(false, 1, 1));
     std::unique_ptr<TRefSystemTransformsSet> const turned(chain->CreateCoreTransform(true, -1, 1));
     EXPECT_TRUE(*plain == *turned);
-    TCoords point{1, 2, 3, false};
+    TCoords point{0, 0, 3, false};
     turned->BaseToTransformed(nullptr, &point);
-    EXPECT_EQ(point.X, 1.5);
-    EXPECT_EQ(point.Y, 1.0);
+    EXPECT_NEAR(point.X, 0.5, 1e-6);
+    EXPECT_NEAR(point.Y, -1.0, 1e-6);
     EXPECT_EQ(point.Z, 15.5);
 }
 

@@ -2,6 +2,9 @@
 
 #include "frame/imported/StringTree.h"
 #include "frame/imported/XIni.h"
+#include "shell/units/AngularUnit.h"
+
+#include <gtest/gtest.h>
 
 #include <cstdint>
 #include <cstring>
@@ -173,6 +176,18 @@ template <class TUnit>
 std::string WKTOf(TUnit const& unit) {
     std::string text;
     return unit.ExportToWKT(&text) ? text : "false";
+}
+
+/** A text and the degrees that it stands for. */
+using TReadings = std::vector<std::pair<std::string, double>>;
+
+/** Checks that a unit reads them, to a rounding of degrees. */
+inline void ExpectReadings(TShellAngularUnit const& unit, TReadings const& readings) {
+    for (auto const& [text, degrees] : readings) {
+        double value = -999.0;
+        EXPECT_TRUE(unit.StringToValue(text, &value)) << text;
+        EXPECT_NEAR(value, degrees, 1e-13) << text;
+    }
 }
 
 /** @return the distance of a member from the beginning of its object, in bytes. */

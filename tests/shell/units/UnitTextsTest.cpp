@@ -269,8 +269,8 @@ TEST(UnitTexts, FarDecimalsPrintWithoutHarm) {
     EXPECT_EQ(MakeUnit<TShellAngularUnit>(Degree())->ValueToString(12.5, 1000), "12.5" + zeros.substr(1));
     auto const dms = MakeUnit<TShellUnitDegreeMinuteSecond>(Degree(7));
     EXPECT_EQ(dms->ValueToString(12.5, 308), "12 30 0." + zeros.substr(0, 308));
-    // From here on the power of ten that rounds the seconds is infinite.
-    EXPECT_EQ(dms->ValueToString(12.5, 309), "12 30 nan");
+    // From here on the power of ten that rounds the seconds is infinite; the sign of such a NaN is open.
+    EXPECT_NE(dms->ValueToString(12.5, 309).find("nan"), std::string::npos);
     auto const packed = MakeUnit<TShellUnitSexagesimalDegree>(Degree(10));
     EXPECT_EQ(packed->ValueToString(12.5, 308), "12.3000" + zeros.substr(0, 308));
     auto const decimalMinute = MakeUnit<TShellDegreeDecimalMinuteUnit>(Degree(11));

@@ -1,0 +1,165 @@
+#include "tools/vellari/Run.h"
+
+#include "tools/vellari/FailureReport.h"
+#include "tools/vellari/HelpTopics.h"
+#include "tools/vellari/ListCommand.h"
+#include "tools/vellari/OutputFile.h"
+#include "tools/vellari/ShowCommand.h"
+#include "tools/vellari/ToolError.h"
+#include "tools/vellari/TransformCommand.h"
+#include "tools/vellari/UnitsCommand.h"
+
+#include <Vellari/hostkit/HostKit.h>
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <map>
+#include <new>
+#include <sstream>
+
+namespace VellariTool {
+
+namespace {
+
+constexpr int mostDecimals = 20;
+
+/** The command that the line has chosen, with what it needs. */
+struct TChoice {
+    std::function<int()> command;
+    std::string language = "en";
+    TTransformOptions transform;
+    std::string showSystem;
+    std::string showFormat = "summary";
+    std::string listPattern;
+    TUnitsOptions units;
+    std::string topic;
+};
+
+/** Adds `--precision` to a command. */
+CLI::Option* AddPrecision(CLI::App* command, std::string const& name, std::optional<int>* value,
+                          std::string const& description) {
+    return command->add_option(name, *value, description)->check(CLI::Range(0, mostDecimals))->type_name("N");
+}
+
+void AddTransform(CLI::App* app, TChoice* choice) {
+    CLI::App* const command = app->add_subcommand("transform", "Move points from one system to another");
+    TTransformOptions* const options = &choice->transform;
+    command->add_option("SOURCE", options->source, "catalogue entry or description file of the points")
+        ->required()->type_name("");
+    command->add_option("TARGET", options->target, "catalogue entry or description file of the result")
+        ->required()->type_name("");
+    command->add_option("POINTS", options->points, "CSV file of points; standard input without it")->type_name("");
+    command->add_option("-o,--output", options->output, "write here, complete or not at all")->type_name("FILE");
+    AddPrecision(command, "-p,--precision", &options->precision.all,
+                 "decimals of all coordinates (of seconds in sexagesimal notations); default: those of the units");
+    AddPrecision(command, "--height-precision", &options->precision.height, "decimals of heights alone");
+    command->add_option("--on-error", options->onError, "a line that fails: mark (default), skip or stop")
+        ->transform(CLI::Transformer(
+            std::map<std::string, TOnError>{{"mark", oeMark}, {"skip", oeSkip}, {"stop", oeStop}}, CLI::ignore_case))
+        ->check(CLI::Number)->type_name("MODE");
+    command->add_option("--header", options->header, "a header: auto (default, as the input), always or never")
+        ->transform(CLI::Transformer(
+            std::map<std::string, THeaderMode>{{"auto", hmAuto}, {"always", hmAlways}, {"never", hmNever}},
+            CLI::ignore_case))
+        ->check(CLI::Number)->type_name("MODE");
+    command->callback([choice, options] { choice->command = [options] { return RunTransform(*options); }; });
+}
+
+void AddShow(CLI::App* app, TChoice* choice) {
+    CLI::App* const command = app->add_subcommand("show", "Tell what a system is");
+    command->add_option("SYSTEM", choice->showSystem, "catalogue entry or description file")
+        ->required()->type_name("");
+    command->add_option("--as", choice->showFormat, ShowFormatsText())->type_name("FORMAT");
+    command->callback([choice] {
+        choice->command = [choice] { return RunShow(choice->showSystem, choice->showFormat); };
+    });
+}
+
+void AddList(CLI::App* app, TChoice* choice) {
+    CLI::App* const command = app->add_subcommand("list", "List the catalogue");
+    command->add_option("PATTERN", choice->listPattern, "part of a name or title, or a pattern with * and ?")
+        ->type_name("");
+    command->callback([choice] { choice->command = [choice] { return RunList(choice->listPattern); }; });
+}
+
+void AddUnits(CLI::App* app, TChoice* choice) {
+    CLI::App* const command = app->add_subcommand("units", "Convert a length or an angle");
+    TUnitsOptions* const options = &choice->units;
+    command->add_option("VALUE", options->value, "text in the first unit")->required()->type_name("");
+    command->add_option("--from", options->from, "unit of the value")->required()->type_name("UNIT");
+    command->add_option("--to", options->to, "unit of the result")->required()->type_name("UNIT");
+    AddPrecision(command, "-p,--precision", &options->precision, "decimals; default: those of the unit");
+    command->add_option("--axis", options->axis, "latitude or longitude, for hemisphere letters")->type_name("AXIS");
+    command->callback([choice, options] { choice->command = [options] { return RunUnits(*options); }; });
+}
+
+void AddHelp(CLI::App* app, TChoice* choice) {
+    CLI::App* const command = app->add_subcommand("help", "Explain a topic: " + HelpTopicNames());
+    command->add_option("TOPIC", choice->topic, "topic; without it the list of topics")->type_name("");
+    command->callback([choice] { choice->command = [choice] { return RunHelp(choice->topic); }; });
+}
+
+/** Runs the chosen command; every failure becomes one line. */
+int RunChoice(TChoice const& choice) {
+    try {
+        if (choice.language != "en") {
+            try {
+                VellariHostKit::TResourceStore::Process().SetLanguage(choice.language);
+            } catch (std::runtime_error const& failure) {
+                throw TToolError("--language " + choice.language + ": " + failure.what());
+            }
+        }
+        return choice.command();
+    } catch (TOutputClosed const&) {
+        return esDone;
+    } catch (std::bad_alloc const&) {
+        PrintMessage("not enough memory");
+    } catch (std::exception const& failure) {
+        PrintMessage(failure.what());
+    }
+    return esError;
+}
+
+/** Tells what is wrong with the command line, or prints the help or version that it asks for. */
+int FinishParsing(CLI::App const& app, CLI::ParseError const& outcome) {
+    std::ostringstream text;
+    std::ostringstream mistake;
+    if (app.exit(outcome, text, mistake) == 0) {
+        try {
+            PrintText(text.str());
+        } catch (TOutputClosed const&) {
+            return esDone;
+        } catch (TToolError const& failure) {
+            PrintMessage(failure.what());
+            return esError;
+        }
+        return esDone;
+    }
+    PrintMessage(std::string(outcome.what()) + "; `vellari --help` shows the commands");
+    return esError;
+}
+
+} // namespace
+
+int Run(int count, char const* const* arguments) {
+    TChoice choice;
+    CLI::App app("Coordinates from one reference system to another", "vellari");
+    app.require_subcommand(1);
+    app.set_version_flag("--version", "vellari " VELLARI_VERSION);
+    app.add_option("--language", choice.language, "language of the library's texts: en or ru")->type_name("LANGUAGE");
+    app.footer("`vellari help TOPIC` explains: " + HelpTopicNames());
+    AddTransform(&app, &choice);
+    AddShow(&app, &choice);
+    AddList(&app, &choice);
+    AddUnits(&app, &choice);
+    AddHelp(&app, &choice);
+    try {
+        app.parse(count, arguments);
+    } catch (CLI::ParseError const& outcome) {
+        return FinishParsing(app, outcome);
+    }
+    return RunChoice(choice);
+}
+
+} // namespace VellariTool
