@@ -9,8 +9,11 @@
 
 namespace KvRefSystem {
 
-/** What the field and the tree share inside of their bodies; not for hosts, and hidden from them. */
-namespace [[gnu::visibility("hidden")]] DataTreeDetail {
+// Not for hosts, and hidden from them.
+#pragma GCC visibility push(hidden)
+
+/** What the field and the tree share inside of their bodies. */
+namespace DataTreeDetail {
 
 /** Ends a tree or a field as a plain one, never virtually. */
 struct TPlainRelease {
@@ -168,6 +171,8 @@ private:
     bool isOpen = true;
 };
 
-} // namespace gnu::visibility("hidden")]]DataTreeDetail
+} // namespace DataTreeDetail
+
+#pragma GCC visibility pop
 
 } // namespace KvRefSystem

@@ -5,10 +5,10 @@
 #include <cmath>
 #include <string>
 
-namespace KvRefSystem {
+#pragma GCC visibility push(hidden)
 
 /** What the kinds of units share inside of their bodies; not for hosts, and hidden from them. */
-namespace __attribute__((visibility("hidden"))) UnitDetail {
+namespace KvRefSystem::UnitDetail {
 
 inline constexpr double Pi = 3.141592653589793;
 inline constexpr double RadiansOfDegree = 0.017453292519943295;
@@ -32,6 +32,6 @@ inline std::string UnitWKT(char const* name, double coefToBase) {
     return FormatText("UNIT[\"%s\",%.15lg]", name, coefToBase);
 }
 
-} // namespace UnitDetail
+} // namespace KvRefSystem::UnitDetail
 
-} // namespace KvRefSystem
+#pragma GCC visibility pop

@@ -144,17 +144,14 @@ constexpr TRequirement geodeticRows[] = {
     {1106, rfTree, "the angular unit", suShow, unitRows},
 };
 
-/** A kind with its name and what it must hold; the names are those of the descriptions' readers. */
+/** A kind with what it must hold besides the kind itself. */
 struct TKindRow {
     int kind;
-    char const* name;
     std::span<TRequirement const> rows;
 };
 
 constexpr TKindRow kinds[] = {
-    {rstLocalCartesian, "local Cartesian", {}}, {rstLocalCurved, "local curved", {}},
-    {rstGeocentric, "geocentric", {}},          {rstGeodetic, "geodetic", geodeticRows},
-    {rstMapProjected, "map-projected", {}},     {rstTopocentricHorizontal, "topocentric", {}},
+    {rstGeodetic, geodeticRows},
 };
 
 // --- The walk --------------------------------------------------------------------------------------------------------
@@ -287,16 +284,10 @@ std::optional<std::string> FindDescriptionMistake(TStringTree const& tree, TSyst
         return mistake;
     }
     int const kind = WholeOr(tree, 1100, 0);
-    auto const* const known =
-        std::find_if(std::begin(kinds), std::end(kinds), [kind](TKindRow const& row) { return row.kind == kind; });
-    if (known == std::end(kinds)) {
+    if (kind < rstLocalCartesian || kind > rstTopocentricHorizontal) {
         return FormatText(": field (1100,0), the kind of the system, is %d; kinds are 1 to 6", kind);
     }
-    if (known->rows.empty()) {
-        return FormatText(": field (1100,0), the kind of the system, is %d, %s, which this version can't build", kind,
-                          known->name);
-    }
-    return FindMistake(root, known->rows, use);
+    return FindMistake(root, RequirementsOf(kind), use);
 }
 
 std::optional<int> FindLineIndentedWithBlanks(std::string_view text) {

@@ -14,9 +14,10 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
-#include <map>
 #include <new>
 #include <sstream>
+#include <string>
+#include <vector>
 
 namespace VellariTool {
 
@@ -29,12 +30,44 @@ struct TChoice {
     std::function<int()> command;
     std::string language = "en";
     TTransformOptions transform;
+    std::string onError = "mark";
+    std::string header = "auto";
     std::string showSystem;
     std::string showFormat = "summary";
     std::string listPattern;
     TUnitsOptions units;
     std::string topic;
 };
+
+/** The words of an option with what they mean. */
+template <class Value>
+struct TWord {
+    char const* word;
+    Value value;
+};
+
+constexpr TWord<TOnError> onErrorModes[] = {{"mark", oeMark}, {"skip", oeSkip}, {"stop", oeStop}};
+constexpr TWord<THeaderMode> headerModes[] = {{"auto", hmAuto}, {"always", hmAlways}, {"never", hmNever}};
+
+template <class Value, std::size_t Count>
+std::vector<std::string> Names(TWord<Value> const (&words)[Count]) {
+    std::vector<std::string> names;
+    for (TWord<Value> const& row : words) {
+        names.emplace_back(row.word);
+    }
+    return names;
+}
+
+/** @return the meaning of a word that is in the table; otherwise that of the first one. */
+template <class Value, std::size_t Count>
+Value ValueOf(TWord<Value> const (&words)[Count], std::string const& word) {
+    for (TWord<Value> const& row : words) {
+        if (word == row.word) {
+            return row.value;
+        }
+    }
+    return words[0].value;
+}
 
 /** Adds `--precision` to a command. */
 CLI::Option* AddPrecision(CLI::App* command, std::string const& name, std::optional<int>* value,
@@ -54,16 +87,15 @@ void AddTransform(CLI::App* app, TChoice* choice) {
     AddPrecision(command, "-p,--precision", &options->precision.all,
                  "decimals of all coordinates (of seconds in sexagesimal notations); default: those of the units");
     AddPrecision(command, "--height-precision", &options->precision.height, "decimals of heights alone");
-    command->add_option("--on-error", options->onError, "a line that fails: mark (default), skip or stop")
-        ->transform(CLI::Transformer(
-            std::map<std::string, TOnError>{{"mark", oeMark}, {"skip", oeSkip}, {"stop", oeStop}}, CLI::ignore_case))
-        ->check(CLI::Number)->type_name("MODE");
-    command->add_option("--header", options->header, "a header: auto (default, as the input), always or never")
-        ->transform(CLI::Transformer(
-            std::map<std::string, THeaderMode>{{"auto", hmAuto}, {"always", hmAlways}, {"never", hmNever}},
-            CLI::ignore_case))
-        ->check(CLI::Number)->type_name("MODE");
-    command->callback([choice, options] { choice->command = [options] { return RunTransform(*options); }; });
+    command->add_option("--on-error", choice->onError, "a line that fails: mark (default), skip or stop")
+        ->check(CLI::IsMember(Names(onErrorModes)))->type_name("MODE");
+    command->add_option("--header", choice->header, "a header: auto (default, as the input), always or never")
+        ->check(CLI::IsMember(Names(headerModes)))->type_name("MODE");
+    command->callback([choice, options] {
+        options->onError = ValueOf(onErrorModes, choice->onError);
+        options->header = ValueOf(headerModes, choice->header);
+        choice->command = [options] { return RunTransform(*options); };
+    });
 }
 
 void AddShow(CLI::App* app, TChoice* choice) {

@@ -2,6 +2,7 @@
 
 #include "tools/vellari/Catalog.h"
 #include "tools/vellari/DescriptionCheck.h"
+#include "tools/vellari/SystemKinds.h"
 #include "tools/vellari/ToolError.h"
 
 #include <fcntl.h>
@@ -76,7 +77,10 @@ std::unique_ptr<TShellReferenceSystem> TryToBuild(TStringTree* tree, std::string
     try {
         std::unique_ptr<TShellReferenceSystem> system(CreateShellReferenceSystem(tree, nullptr));
         if (!system) {
-            *failure = "its kind is not available";
+            int kind = 0;
+            tree->GetInteger(1100, 0, &kind);
+            *failure = FormatText("field (1100,0), the kind of the system, is %d, ", kind) + KindName(kind) +
+                       ", which this version cannot build";
         }
         return system;
     } catch (std::exception const& caught) {
@@ -111,7 +115,7 @@ TLoadedSystem BuildSystem(std::string const& name, std::string text, TSystemUse 
         }
     }
     if (!loaded.system) {
-        throw TToolError(name + ": no system can be built: " + failure);
+        throw TToolError(name + ": " + failure);
     }
     loaded.name = name;
     loaded.text = std::move(text);

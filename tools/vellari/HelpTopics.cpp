@@ -1,0 +1,131 @@
+#include "tools/vellari/HelpTopics.h"
+
+#include "tools/vellari/NameMatch.h"
+#include "tools/vellari/OutputFile.h"
+#include "tools/vellari/ToolError.h"
+#include "tools/vellari/UnitsCommand.h"
+
+namespace VellariTool {
+
+namespace {
+
+struct THelpTopic {
+    std::string_view name;
+    std::string_view title;
+    std::string_view text;
+};
+
+constexpr THelpTopic helpTopics[] = {
+    {"transform", "moving points",
+     R"(vellari transform SOURCE TARGET [POINTS] [-o FILE]
+
+Reads points in the system SOURCE, line by line, and writes them in the system
+TARGET. POINTS is a CSV file; without it, or as "-", standard input is read.
+
+  -o FILE                write FILE instead of standard output; the file
+                         appears complete or stays as it was
+  --precision N          decimals of all coordinates, 0 to 20; of the seconds
+                         or minutes in sexagesimal notations; without it each
+                         unit's own (degrees 9, metres 3)
+  --height-precision N   decimals of heights alone
+  --on-error mark        a line that fails has empty coordinates (default)
+  --on-error skip        it is left out
+  --on-error stop        the run ends there; a FILE of -o stays as it was
+  --header auto          a header when the input has one (default)
+  --header always|never  a header in any case, or none
+
+Lines that fail are reported on standard error with number, text and reason,
+the first 20 one by one, and counted at the end; the exit status is then 1.
+
+  printf '55.75,37.62,150\n' | vellari transform pulkovo-1942 wgs-84
+
+See also: vellari help points, vellari help systems
+)"},
+    {"systems", "how to name a system",
+     R"(A system is an entry of the catalogue (`vellari list`) or a description file.
+
+The name of an entry may have letters of either case. What is no entry's name is
+the path of a file; write ./NAME for a file that is called like an entry.
+
+A description file holds the text that `vellari show SYSTEM --as text` prints:
+one field a line, (tag,index)[count]label TAB value; TABs at the beginning of a
+line nest it, blanks don't, and every subtree ends with a line of its TABs.
+What is missing in a description is reported with tag and subtree.
+
+  vellari show SYSTEM                what the system is
+  vellari show SYSTEM --as text      its description, byte for byte
+  vellari show SYSTEM --as xml       the description's tree as XML
+)"},
+    {"points", "the form of points",
+     R"(One point a line: latitude, longitude and height, then any further columns,
+which are carried along as they stand.
+
+  separator   comma, semicolon, TAB or blanks, found by the first point
+  header      the first line when neither of its coordinates reads; the result
+              then has a header with names and units: latitude_deg,...
+  numbers     decimal point, exponent allowed; the whole field must be a number
+  angles      in a system with degrees, minutes and seconds: 55 45 07.2 N,
+              55d45m07.2s N; its columns need commas, semicolons or TABs
+  height      may be empty or missing: the height of the result is empty then
+  quotes      one pair of double quotes around a coordinate doesn't count
+
+Among blanks an empty field is written and read as *.
+Empty lines pass through. A byte order mark and CR LF line ends are read; the
+result has neither. A line may have 1 MiB.
+)"},
+    {"units", "units of length and angle",
+     R"(vellari units VALUE --from UNIT --to UNIT [--precision N] [--axis AXIS]
+
+Converts a length to a length or an angle to an angle. Without --precision the
+result has the unit's own number of decimals. A result with a hemisphere letter
+needs --axis latitude or --axis longitude, unless VALUE has a letter.
+
+  vellari units 1 --from nautical-mile --to metre
+  vellari units '55 45 07.2 N' --from dms-hemisphere --to degree
+
+)"},
+    {"exit-status", "what the exit status tells",
+     R"(0  all is done
+1  some points could not be transformed; the rest is done
+2  wrong usage, a system that cannot be built, a file that cannot be read or
+   written; one line on standard error tells which, and what would be right
+
+A reader of the output that goes away early, as head does, is no error.
+)"},
+};
+
+std::string TopicList() {
+    std::string text = "Topics:\n";
+    for (THelpTopic const& topic : helpTopics) {
+        std::string line = "  vellari help " + std::string(topic.name);
+        line.append(line.size() < 30 ? 30 - line.size() : 1, ' ');
+        text += line + std::string(topic.title) + "\n";
+    }
+    return text + "\n`vellari --help` lists the commands, `vellari COMMAND --help` their options.\n";
+}
+
+} // namespace
+
+std::string HelpTopicNames() {
+    std::string names;
+    for (THelpTopic const& topic : helpTopics) {
+        names += (names.empty() ? "" : ", ") + std::string(topic.name);
+    }
+    return names;
+}
+
+int RunHelp(std::string const& topic) {
+    if (topic.empty()) {
+        PrintText(TopicList());
+        return esDone;
+    }
+    for (THelpTopic const& row : helpTopics) {
+        if (LowerCase(topic) == row.name) {
+            PrintText(std::string(row.text) + (row.name == "units" ? UnitsTable() : ""));
+            return esDone;
+        }
+    }
+    throw TToolError("there is no help on " + Quoted(topic) + "; topics are " + HelpTopicNames());
+}
+
+} // namespace VellariTool

@@ -1,0 +1,170 @@
+#include "tools/vellari/SystemSummary.h"
+
+#include "tools/vellari/SystemKinds.h"
+
+namespace VellariTool {
+
+namespace {
+
+using namespace KvRefSystem;
+
+/** Lines of "label  value"; what is empty is left out. */
+class TFacts {
+public:
+    void Add(std::string_view label, std::string const& value) {
+        if (value.empty()) {
+            return;
+        }
+        constexpr std::size_t labelWidth = 20;
+        text += label;
+        text.append(label.size() < labelWidth ? labelWidth - label.size() : 1, ' ');
+        text += value + "\n";
+    }
+
+    std::string const& Text() const { return text; }
+
+private:
+    std::string text;
+};
+
+/** "metre (m)"; without a unit a text that says so. */
+std::string UnitText(TShellUnit const* unit) {
+    if (!unit) {
+        return "none";
+    }
+    std::string text = unit->Name;
+    if (!unit->Abbreviation.empty() && unit->Abbreviation != unit->Name) {
+        text += " (" + unit->Abbreviation + ")";
+    }
+    return unit->CoefToBase == 0.0 ? text + ", without a size" : text;
+}
+
+/** " deg", the sign behind a number. */
+std::string UnitSign(TShellUnit const* unit) {
+    if (!unit) {
+        return "";
+    }
+    return " " + (unit->Abbreviation.empty() ? unit->Name : unit->Abbreviation);
+}
+
+/** Seven texts with their units, as the description has them. */
+struct TShiftTexts {
+    std::string const* text[7];
+    TShellUnit const* unit[7];
+};
+
+template <class TShift>
+TShiftTexts TextsOf(TShift const& shift) {
+    return {{&shift.ShiftX, &shift.ShiftY, &shift.ShiftZ, &shift.RotationX, &shift.RotationY, &shift.RotationZ,
+             &shift.ScaleDifference},
+            {shift.LinearUnit, shift.LinearUnit, shift.LinearUnit, shift.AngularUnit, shift.AngularUnit,
+             shift.AngularUnit, shift.ScaleUnit}};
+}
+
+void AddShift(TFacts* facts, TShiftTexts const& texts, int count) {
+    constexpr char const* labels[] = {"  shift X",    "  shift Y",    "  shift Z", "  rotation X",
+                                      "  rotation Y", "  rotation Z", "  scale difference"};
+    for (int i = 0; i < count; ++i) {
+        std::string const number = texts.text[i]->empty() ? "0" : *texts.text[i];
+        facts->Add(labels[i], number + UnitSign(texts.unit[i]));
+    }
+}
+
+void AddDatum(TFacts* facts, TShellReferenceSystem const& system) {
+    facts->Add("datum", system.DatumName);
+    TShellDatumShift const* const shift = system.DatumShift;
+    if (auto const* const three = dynamic_cast<TShellMolodenskyDatumShift const*>(shift)) {
+        facts->Add("shift to WGS 84", "three parameters");
+        AddShift(facts, {{&three->ShiftX, &three->ShiftY, &three->ShiftZ, nullptr, nullptr, nullptr, nullptr},
+                         {three->LinearUnit, three->LinearUnit, three->LinearUnit, nullptr, nullptr, nullptr, nullptr}},
+                 3);
+    } else if (auto const* const vector = dynamic_cast<TShellBursaWolfDatumShift const*>(shift)) {
+        facts->Add("shift to WGS 84", std::string("seven parameters, position vector rotation") +
+                                          (vector->NonLinear ? ", exact" : ""));
+        AddShift(facts, TextsOf(*vector), 7);
+    } else if (auto const* const frame = dynamic_cast<TShellBursaWolfInvRotDatumShift const*>(shift)) {
+        facts->Add("shift to WGS 84", std::string("seven parameters, coordinate frame rotation") +
+                                          (frame->NonLinear ? ", exact" : ""));
+        AddShift(facts, TextsOf(*frame), 7);
+    } else {
+        facts->Add("shift to WGS 84", "none");
+    }
+}
+
+void AddEllipsoid(TFacts* facts, TShellReferenceSystem const& system) {
+    TShellEllipsoid const* const ellipsoid = system.Ellipsoid;
+    if (!ellipsoid) {
+        return;
+    }
+    facts->Add("ellipsoid", ellipsoid->Name);
+    std::string const sign = UnitSign(ellipsoid->LinearUnit);
+    facts->Add("  semi-major axis", ellipsoid->MajorSemiAxis.empty() ? "" : ellipsoid->MajorSemiAxis + sign);
+    facts->Add("  semi-minor axis", ellipsoid->MinorSemiAxis.empty() ? "" : ellipsoid->MinorSemiAxis + sign);
+    facts->Add("  inv. flattening", ellipsoid->InverseFlattening);
+    double major = 0;
+    double minor = 0;
+    if (system.GetEllipsoidSemiAxesMeters(&major, &minor)) {
+        facts->Add("  axes in metres", FormatText("%.4f, %.4f", major, minor));
+    }
+}
+
+void AddCodes(TFacts* facts, TShellReferenceSystem const& system) {
+    facts->Add("EPSG code", system.GeoTIFFCode);
+    facts->Add("EPSG code of datum", system.DatumGeoTIFFCode);
+    if (system.Ellipsoid && system.Ellipsoid->GeoTIFFCode != 0) {
+        facts->Add("EPSG of ellipsoid", FormatText("%d", system.Ellipsoid->GeoTIFFCode));
+    }
+    if (system.PrimeMeridian && system.PrimeMeridian->GeoTIFFCode != 0) {
+        facts->Add("EPSG of meridian", FormatText("%d", system.PrimeMeridian->GeoTIFFCode));
+    }
+    facts->Add("Panorama code", system.PanoramaCode);
+}
+
+/** What a description may carry beyond its geometry. */
+void AddExtras(TFacts* facts, TShellReferenceSystem const& system) {
+    int count = 0;
+    while (system.GetTransform(count)) {
+        ++count;
+    }
+    facts->Add("corrections", count == 0 ? "" : FormatText("%d", count));
+    for (auto const& [name, chain] : system.PairwiseTransforms) {
+        facts->Add("corrections to", name);
+    }
+    facts->Add("proxy", system.GetProxyRefSysName());
+    facts->Add("geoid", system.GetGeoidSetting());
+}
+
+} // namespace
+
+std::string SummaryOf(TLoadedSystem const& loaded) {
+    TShellReferenceSystem const& system = *loaded.system;
+    TFacts facts;
+    facts.Add("name", system.Name);
+    facts.Add("kind", KindName(system.Type));
+    facts.Add("abbreviation", system.Abbreviation);
+    facts.Add("description", system.Description);
+    std::string axes;
+    for (std::string const& axis : system.AxisName) {
+        axes += (axes.empty() || axis.empty() ? "" : ", ") + axis;
+    }
+    facts.Add("axes", axes);
+    if (auto const* const geodetic = dynamic_cast<TShellGeodeticReferenceSystem const*>(&system)) {
+        facts.Add("angular unit", UnitText(geodetic->AngularUnit));
+        facts.Add("height unit", UnitText(geodetic->Vertical ? geodetic->Vertical->HeightUnit : nullptr));
+        facts.Add("longitudes", geodetic->PositiveLongitude ? "reported as positive numbers" : "");
+    } else {
+        facts.Add("plane unit", system.GetPlaneUnitName());
+        facts.Add("height unit", system.GetHeightUnitName());
+    }
+    AddDatum(&facts, system);
+    AddEllipsoid(&facts, system);
+    if (TShellPrimeMeridian const* const meridian = system.PrimeMeridian) {
+        facts.Add("prime meridian", meridian->Name);
+        facts.Add("  longitude", meridian->Longitude + UnitSign(meridian->AngularUnit));
+    }
+    AddCodes(&facts, system);
+    AddExtras(&facts, system);
+    return facts.Text();
+}
+
+} // namespace VellariTool
