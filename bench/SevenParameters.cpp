@@ -19,7 +19,9 @@ namespace {
 
 using namespace KvRefSystem;
 
-/** Straight from step to step, with the degrees' conversion and nothing else: the fastest that PROJ offers. */
+/**
+ * Straight from step to step, with the degrees' conversion and nothing else: the fastest that PROJ offers.
+ */
 char const* const pulkovoPipeline =
     "+proj=pipeline +step +proj=unitconvert +xy_in=deg +xy_out=rad +step +proj=cart +ellps=krass "
     "+step +proj=helmert +x=23.57 +y=-140.95 +z=-79.8 +rx=0 +ry=-0.35 +rz=-0.79 +s=-0.22 "
@@ -66,7 +68,10 @@ struct TStage {
         }
     }
 
-    /** A comparison of speeds means nothing unless both do the same. @throws std::runtime_error beyond a millimetre. */
+    /**
+     * A comparison of speeds means nothing unless both do the same. @throws std::runtime_error beyond a
+     * millimetre.
+     */
     void CompareWith(PJ* operation, TTriple const& point, std::string const& name) const {
         TTriple ours{};
         PJ_COORD const theirs = proj_trans(operation, PJ_FWD, proj_coord(point[1], point[0], point[2], 0));

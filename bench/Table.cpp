@@ -3,7 +3,7 @@
 #include <Vellari/Vellari.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <cstddef>
 #include <iostream>
 
 namespace VellariBench {
@@ -52,12 +52,13 @@ void TTableReporter::ReportRuns(std::vector<Run> const& report) {
         }
         auto const items = run.counters.find("items");
         double const count = items == run.counters.end() ? 1 : items->second.value;
-        TimesOf(name.substr(0, slash), name.substr(slash + 1))
+        TimesOf(name.substr(0, slash), name.substr(slash + 1), run.family_index)
             .push_back(run.cpu_accumulated_time * 1e9 / static_cast<double>(run.iterations) / count);
     }
 }
 
 void TTableReporter::Finalize() {
+    SortByRegistration();
     Print("\nNanoseconds of the processor: least and median of the repetitions. Ratio: theirs over ours, of "
           "the least\n"
           "and of the medians; above 1 Vellari is the faster one.\n");
@@ -76,17 +77,27 @@ void TTableReporter::Finalize() {
     }
 }
 
-TTableReporter::TTimes& TTableReporter::TimesOf(std::string const& task, std::string const& contender) {
+void TTableReporter::SortByRegistration() {
+    auto const earlier = [](auto const& first, auto const& second) { return first.Order < second.Order; };
+    for (TTask& task : Tasks) {
+        std::sort(task.Contenders.begin(), task.Contenders.end(), earlier);
+    }
+    std::sort(Tasks.begin(), Tasks.end(), earlier);
+}
+
+TTableReporter::TTimes& TTableReporter::TimesOf(std::string const& task, std::string const& contender,
+                                                std::int64_t order) {
     auto place =
         std::find_if(Tasks.begin(), Tasks.end(), [&](TTask const& each) { return each.Name == task; });
     if (place == Tasks.end()) {
-        place = Tasks.insert(place, TTask{task, {}});
+        place = Tasks.insert(place, TTask{order, task, {}});
     }
+    place->Order = std::min(place->Order, order);
     auto& contenders = place->Contenders;
     auto found = std::find_if(contenders.begin(), contenders.end(),
                               [&](TContender const& each) { return each.Name == contender; });
     if (found == contenders.end()) {
-        found = contenders.insert(found, TContender{contender, {}});
+        found = contenders.insert(found, TContender{order, contender, {}});
     }
     return found->Times;
 }

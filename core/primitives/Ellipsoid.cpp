@@ -78,11 +78,19 @@ void MoveToOrigin(std::vector<vec_t_<double, 2>>* plane) {
     }
 }
 
+/** Height over the ellipsoid of a point at the distance p from the axis. */
+double HeightAt(TEllipsoid const& ellipsoid, double p, double phi) {
+    double const sinPhi = std::sin(phi);
+    double const nu =
+        ellipsoid.SemiMajorAxis / std::sqrt(1 - ellipsoid.EccentricitySquared * sinPhi * sinPhi);
+    return p / std::cos(phi) - nu;
+}
+
 /**
  * Latitude of a point at the distance p from the axis, by passes on the angle itself.
  * @return false when it hasn't converged; a NaN ends the passes and counts as converged.
  */
-bool IterateOnAngle(TEllipsoid const& ellipsoid, double p, double z, double* latitude) {
+bool IterateOnAngle(TEllipsoid const& ellipsoid, double p, double z, double* latitude, double* height) {
     double const a = ellipsoid.SemiMajorAxis;
     double const e2 = ellipsoid.EccentricitySquared;
     // The sign of z takes part in the choice of the formula: all southern points go by the first one.
@@ -100,6 +108,7 @@ bool IterateOnAngle(TEllipsoid const& ellipsoid, double p, double z, double* lat
         ++counter;
     } while (counter < ellipsoid.MaxIterations && difference > ellipsoid.Tolerance);
     *latitude = phi;
+    *height = HeightAt(ellipsoid, p, phi);
     return !(difference > ellipsoid.Tolerance);
 }
 
@@ -108,7 +117,7 @@ bool IterateOnAngle(TEllipsoid const& ellipsoid, double p, double z, double* lat
  * nu cos phi = a / r with r = sqrt(1 + (1 - e2) t^2). Agrees with the passes on the angle to the last digits.
  * @return false where that doesn't hold or where it hasn't converged soon; then nothing is stored.
  */
-bool IterateOnTangent(TEllipsoid const& ellipsoid, double p, double z, double* latitude) {
+bool IterateOnTangent(TEllipsoid const& ellipsoid, double p, double z, double* latitude, double* height) {
     double const a = ellipsoid.SemiMajorAxis;
     double const e2 = ellipsoid.EccentricitySquared;
     if (!(ellipsoid.Tolerance < SmallAngle && ellipsoid.MaxIterations >= TangentPasses)) {
@@ -124,6 +133,8 @@ bool IterateOnTangent(TEllipsoid const& ellipsoid, double p, double z, double* l
         t = next;
         if (distance <= tolerance) {
             *latitude = std::atan(t);
+            // p / cos phi - nu, since 1 / cos phi = sqrt(1 + t^2): no sine and cosine of the angle again.
+            *height = std::sqrt(1 + t * t) * (p - a / std::sqrt(1 + (1 - e2) * t * t));
             return true;
         }
     }
@@ -211,15 +222,14 @@ void TEllipsoid::CartesianToEllipsoidal(TCoords* coords) const {
     double const p = std::sqrt(x * x + y * y);
 
     double phi = 0;
-    if (!IterateOnTangent(*this, p, z, &phi) && !IterateOnAngle(*this, p, z, &phi)) {
+    double height = 0;
+    if (!IterateOnTangent(*this, p, z, &phi, &height) && !IterateOnAngle(*this, p, z, &phi, &height)) {
         throw std::runtime_error("CartesianToEllipsoidal");
     }
 
-    double const sinPhi = std::sin(phi);
-    double const cosPhi = std::cos(phi);
     coords->X = std::atan2(y, x);
     coords->Y = phi;
-    coords->Z = p / cosPhi - SemiMajorAxis / std::sqrt(1 - EccentricitySquared * sinPhi * sinPhi);
+    coords->Z = height;
 }
 
 void TEllipsoid::AuthalicTransformationOntoSphere(double const& lat, double const& lon, double* sphereLat,

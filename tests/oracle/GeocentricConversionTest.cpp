@@ -21,12 +21,15 @@ using namespace KvRefSystem;
 
 constexpr double Epsilon = std::numeric_limits<double>::epsilon();
 
-/** Sines, cosines and a handful of products, each off by half a unit of the last place; of the distance from the centre. */
+/**
+ * Sines, cosines and a handful of products, each off by half a unit of the last place; of the distance from
+ * the centre.
+ */
 constexpr double RoundingOfCartesian = 4 * Epsilon;
 
 /**
- * Our passes stop when two of them differ by 1e-12 radians; the last one has then shrunk that by e2 / (1 - e2) or
- * more. This is for e2 of the earth's ellipsoids, with a third for rounding. Radians of the latitude.
+ * Our passes stop when two of them differ by 1e-12 radians; the last one has then shrunk that by e2 / (1 -
+ * e2) or more. This is for e2 of the earth's ellipsoids, with a third for rounding. Radians of the latitude.
  */
 constexpr double StoppedPasses = 1e-12 * 0.0068 * 1.3;
 
@@ -34,8 +37,8 @@ constexpr double StoppedPasses = 1e-12 * 0.0068 * 1.3;
 constexpr double RoundingOfAngles = 8 * Epsilon;
 
 /**
- * PROJ goes back in one pass of Bowring's formula, whose remainder grows with the height: metres on the ground and
- * up to 10 km, and up to 20000 km. GeographicLib solves the quartic, and takes our part.
+ * PROJ goes back in one pass of Bowring's formula, whose remainder grows with the height: metres on the
+ * ground and up to 10 km, and up to 20000 km. GeographicLib solves the quartic, and takes our part.
  */
 constexpr double ProjOnTheGround = 2e-6;
 constexpr double ProjInSpace = 0.3;
@@ -61,7 +64,10 @@ TAxes const ellipsoids[] = {
     {"Sphere", 6371007, 6371007},
 };
 
-/** Five microradians (32 m) from the poles: nearer ones lose the height, which the division by the cosine gives. */
+/**
+ * Five microradians (32 m) from the poles: nearer ones lose the height, which the division by the cosine
+ * gives.
+ */
 constexpr double NearestToPole = 89.9997;
 
 constexpr TRegion NearTheGround = {NearestToPole, -1e4, 1e4};

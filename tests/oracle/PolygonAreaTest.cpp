@@ -28,22 +28,27 @@ constexpr double MeanRadius = 6371008.8;
 constexpr double SquaredEccentricity = 0.0066943799901;
 
 /**
- * Sides straight in the projection are not geodesics. The great circle at the distance d from the centre runs at
- * d - 3/8 d t2 / R2 beside it in the plane: a bow of the height 3/32 d s2 / R2 over a side of the length s, and of
- * the area d s3 / (16 R2). All bows bulge outwards. Against the polygon's area, the sum of d s / 2, that is
- * s2 / (8 R2) for the longest side; the twentieth is for the next terms up to 3000 km.
+ * Sides straight in the projection are not geodesics. The great circle at the distance d from the centre runs
+ * at d - 3/8 d t2 / R2 beside it in the plane: a bow of the height 3/32 d s2 / R2 over a side of the length
+ * s, and of the area d s3 / (16 R2). All bows bulge outwards. Against the polygon's area, the sum of d s / 2,
+ * that is s2 / (8 R2) for the longest side; the twentieth is for the next terms up to 3000 km.
  */
 double BowsOfSides(double longestSide) {
     double const side = longestSide / MeanRadius;
     return 1.05 * side * side / 8;
 }
 
-/** On the ellipsoid the scale's ratio changes from the centre on, by e2 a radian: it bends small polygons' sides. */
+/**
+ * On the ellipsoid the scale's ratio changes from the centre on, by e2 a radian: it bends small polygons'
+ * sides.
+ */
 double BendOfTheEllipsoid(double longestSide) {
     return 0.2 * SquaredEccentricity * longestSide / MeanRadius;
 }
 
-/** Rounding in square metres: both sum numbers of the whole earth; GeographicLib promises no more than 0.1. */
+/**
+ * Rounding in square metres: both sum numbers of the whole earth; GeographicLib promises no more than 0.1.
+ */
 constexpr double RoundingOfAreas = 1e-3;
 
 struct TPolygon {

@@ -61,11 +61,13 @@ What is missing in a description is reported with tag and subtree.
 which are carried along as they stand.
 
   separator   comma, semicolon, TAB or blanks, found by the first point
-  header      the first line when neither of its coordinates reads; the result
-              then has a header with names and units: latitude_deg,...
+  header      the first line when neither of its coordinates looks like a
+              number; the result then has a header with names and units:
+              latitude_deg,longitude_deg,height_m
   numbers     decimal point, exponent allowed; the whole field must be a number
   angles      in a system with degrees, minutes and seconds: 55 45 07.2 N,
-              55d45m07.2s N; its columns need commas, semicolons or TABs
+              55d45m07.2s N, 55°45'07.2"N; with blanks inside the columns need
+              commas, semicolons or TABs
   height      may be empty or missing: the height of the result is empty then
   quotes      one pair of double quotes around a coordinate doesn't count
 

@@ -43,6 +43,8 @@ int RunList(std::string const& pattern) {
     if (rows.empty()) {
         throw TToolError("no entry of the catalogue fits " + Quoted(pattern) + "; `vellari list` shows all");
     }
+    std::sort(rows.begin(), rows.end(),
+              [](TListRow const& first, TListRow const& second) { return first.name < second.name; });
     std::string text;
     for (TListRow const& row : rows) {
         AppendColumn(&text, row.name, nameWidth);

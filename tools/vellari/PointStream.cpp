@@ -12,6 +12,22 @@ void AppendEmptyField(std::string* text, TSeparator separator) {
     }
 }
 
+/** @return whether a field begins as a number does, so that it was hardly meant for a name. */
+bool LooksLikeNumber(std::string_view field) {
+    return !field.empty() && field.find_first_of("0123456789+-.") == 0;
+}
+
+/** @return whether a first line names columns: its coordinate fields hold something, and no number. */
+bool LooksLikeHeader(TPointFields const& fields) {
+    bool const holdsNumber = LooksLikeNumber(fields.field[0]) || LooksLikeNumber(fields.field[1]);
+    return !holdsNumber && !(fields.field[0].empty() && fields.field[1].empty());
+}
+
+/** @return whether a field has nothing but the characters of a plain number. */
+bool IsBareNumber(std::string_view field) {
+    return field.find_first_not_of("0123456789+-.") == std::string_view::npos;
+}
+
 } // namespace
 
 // --- Reading ---------------------------------------------------------------------------------------------------------
@@ -29,10 +45,8 @@ TLineKind TPointReader::Read(std::string_view line, TPointFields* fields, TPoint
     }
     *fields = SplitLine(line, separator);
     if (isFirst) {
-        int readable = 0;
-        bool const isHeader = !ReadsAsPlane(*fields, &readable) && readable == 0;
         hasHeightColumn = fields->count != 2;
-        if (isHeader) {
+        if (!isSeparatorKnown && LooksLikeHeader(*fields)) {
             return lkHeader;
         }
     }
@@ -46,8 +60,8 @@ TLineKind TPointReader::Read(std::string_view line, TPointFields* fields, TPoint
 /** Chooses the first separator with which the line has a point. @return false without one. */
 bool TPointReader::FindSeparator(std::string_view line) {
     for (TSeparator const candidate : allSeparators) {
-        int readable = 0;
-        if (ReadsAsPlane(SplitLine(line, candidate), &readable)) {
+        double plane[2];
+        if (ReadPlane(SplitLine(line, candidate), candidate, plane, nullptr)) {
             separator = candidate;
             isSeparatorKnown = true;
             return true;
@@ -56,23 +70,28 @@ bool TPointReader::FindSeparator(std::string_view line) {
     return false;
 }
 
-/** @param readable receives how many of the first two fields read. @return whether both do. */
-bool TPointReader::ReadsAsPlane(TPointFields const& fields, int* readable) const {
-    double value = 0;
-    *readable = 0;
-    for (int i = 0; i < 2; ++i) {
-        *readable += i < fields.count && axis[i].Parse(fields.field[i], &value, nullptr) ? 1 : 0;
+/** Reads the first two fields. @param reason may be null. */
+bool TPointReader::ReadPlane(TPointFields const& fields, TSeparator candidate, double* plane,
+                             std::string* reason) const {
+    if (fields.count < 2) {
+        if (reason) {
+            *reason = axis[1].AxisName() + " is missing";
+        }
+        return false;
     }
-    return *readable == 2;
+    // "55 45 07.2" among blanks is one angle or three fields: only signs or letters tell.
+    if (candidate == sepBlanks && axis[0].HasBlanks() &&
+        (IsBareNumber(fields.field[0]) || IsBareNumber(fields.field[1]))) {
+        if (reason) {
+            *reason = "degrees, minutes and seconds cannot be told from columns";
+        }
+        return false;
+    }
+    return axis[0].Parse(fields.field[0], &plane[0], reason) && axis[1].Parse(fields.field[1], &plane[1], reason);
 }
 
 bool TPointReader::ReadPoint(TPointFields const& fields, TPoint* point, std::string* reason) const {
-    if (fields.count < 2) {
-        *reason = axis[1].AxisName() + " is missing";
-        return false;
-    }
-    if (!axis[0].Parse(fields.field[0], &point->coord[0], reason) ||
-        !axis[1].Parse(fields.field[1], &point->coord[1], reason)) {
+    if (!ReadPlane(fields, separator, point->coord, reason)) {
         return false;
     }
     point->coord[2] = 0;

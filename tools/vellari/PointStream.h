@@ -14,7 +14,7 @@ namespace VellariTool {
 /** What a line of the input turned out to be. */
 enum TLineKind : int {
     lkBlank = 0,  ///< nothing but blanks
-    lkHeader = 1, ///< the first line, when neither coordinate of it reads
+    lkHeader = 1, ///< the first line, when neither coordinate of it looks like a number
     lkPoint = 2,
     lkMistake = 3, ///< a line that should have been a point
 };
@@ -42,7 +42,7 @@ public:
     bool HasHeightColumn() const { return hasHeightColumn; }
 
 private:
-    bool ReadsAsPlane(TPointFields const& fields, int* readable) const;
+    bool ReadPlane(TPointFields const& fields, TSeparator candidate, double* plane, std::string* reason) const;
     bool ReadPoint(TPointFields const& fields, TPoint* point, std::string* reason) const;
     std::string ExplainSeparator(std::string_view line) const;
     bool FindSeparator(std::string_view line);

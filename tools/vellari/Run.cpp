@@ -156,8 +156,8 @@ int RunChoice(TChoice const& choice) {
 /** Tells what is wrong with the command line, or prints the help or version that it asks for. */
 int FinishParsing(CLI::App const& app, CLI::ParseError const& outcome) {
     std::ostringstream text;
-    std::ostringstream mistake;
-    if (app.exit(outcome, text, mistake) == 0) {
+    std::ostringstream ignored;
+    if (app.exit(outcome, text, ignored) == 0) {
         try {
             PrintText(text.str());
         } catch (TOutputClosed const&) {
@@ -168,7 +168,13 @@ int FinishParsing(CLI::App const& app, CLI::ParseError const& outcome) {
         }
         return esDone;
     }
-    PrintMessage(std::string(outcome.what()) + "; `vellari --help` shows the commands");
+    std::string mistake = outcome.what();
+    if (app.get_subcommands().empty() && dynamic_cast<CLI::RequiredError const*>(&outcome)) {
+        std::vector<std::string> const words = app.remaining();
+        mistake = words.empty() ? "a command is needed: transform, show, list, units or help"
+                                : Quoted(words.front()) + " is not a command";
+    }
+    PrintMessage(mistake + "; `vellari --help` shows the commands");
     return esError;
 }
 
