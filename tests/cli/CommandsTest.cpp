@@ -43,10 +43,10 @@ TEST(ShowCommand, SummaryTellsTheSystemOneFactALine) {
          {"name                Pulkovo 1942\n", "kind                geodetic\n",
           "axes                Latitude, Longitude, Height\n", "angular unit        degree (deg)\n",
           "height unit         metre (m)\n", "datum               Pulkovo 1942\n",
-          "shift to WGS 84     seven parameters, coordinate frame rotation\n", "  shift X           23.57 m\n",
-          "  rotation Z        -0.79 sec\n", "  scale difference  -0.22 ppm\n",
-          "  semi-major axis   6378245 m\n", "  inv. flattening   298.3\n", "prime meridian      Greenwich\n",
-          "  longitude         0 deg\n", "EPSG code           4284\n"}) {
+          "shift to WGS 84     seven parameters, coordinate frame rotation\n",
+          "  shift X           23.57 m\n", "  rotation Z        -0.79 sec\n",
+          "  scale difference  -0.22 ppm\n", "  semi-major axis   6378245 m\n", "  inv. flattening   298.3\n",
+          "prime meridian      Greenwich\n", "  longitude         0 deg\n", "EPSG code           4284\n"}) {
         EXPECT_THAT(summary, HasSubstr(line));
     }
     EXPECT_EQ(RunTool({"show", "pulkovo-1942", "--as", "summary"}).out, summary);
@@ -71,7 +71,8 @@ TEST(ShowCommand, XmlHoldsAllFieldsOfTheDescription) {
         ++fields;
     }
     long tags = 0;
-    for (std::size_t at = run.out.find("<tag>"); at != std::string::npos; at = run.out.find("<tag>", at + 1)) {
+    for (std::size_t at = run.out.find("<tag>"); at != std::string::npos;
+         at = run.out.find("<tag>", at + 1)) {
         ++tags;
     }
     EXPECT_EQ(tags, fields);
@@ -85,10 +86,12 @@ TEST(ShowCommand, AnUnknownFormatNamesTheFormats) {
 
 TEST(ShowCommand, AnUnknownSystemNamesSimilarEntries) {
     TToolRun const run = RunTool({"show", "pulkvo-1942"});
-    EXPECT_EQ(run.err, "vellari: \"pulkvo-1942\" is neither a description file nor an entry of the catalogue; similar "
-                       "entries: pulkovo-1942, pulkovo-1995\n");
+    EXPECT_EQ(run.err,
+              "vellari: \"pulkvo-1942\" is neither a description file nor an entry of the catalogue; similar "
+              "entries: pulkovo-1942, pulkovo-1995\n");
     EXPECT_EQ(run.status, 2);
-    EXPECT_THAT(RunTool({"show", "qqqqqqqqqqqqqqqqqqqqqqqq"}).err, HasSubstr("; `vellari list` shows the entries\n"));
+    EXPECT_THAT(RunTool({"show", "qqqqqqqqqqqqqqqqqqqqqqqq"}).err,
+                HasSubstr("; `vellari list` shows the entries\n"));
 }
 
 TEST(ShowCommand, AFolderIsNoDescription) {
@@ -121,25 +124,28 @@ TEST_P(UnitsCommand, Converts) {
 }
 
 // By hand from the definitions: 0.3048 m, 1200/3937 m, 1852 m, 1609.344 m; 400 grad = 360 degrees.
-INSTANTIATE_TEST_SUITE_P(
-    Values, UnitsCommand,
-    testing::Values(TConversion{"1", "foot", "metre", "0.304800"}, TConversion{"3937", "us-foot", "metre", "1200.000000"},
-                    TConversion{"1", "nautical-mile", "km", "1.852000"},
-                    TConversion{"-2.5", "kilometre", "m", "-2500.000000"}, TConversion{"1", "mile", "foot", "5280.000000"},
-                    TConversion{"1", "yard", "foot", "3.000000"}, TConversion{"1", "fathom", "foot", "6.000000"},
-                    TConversion{"100", "grad", "degree", "90.000000"},
-                    TConversion{"180", "degree", "radian", "3.141593"}, TConversion{"1", "degree", "second", "3600.000000"},
-                    TConversion{"90", "minute", "degree", "1.500000"},
-                    TConversion{"55.752", "degree", "dms", "55 45 7.200000"},
-                    TConversion{"-12.5", "degree", "dms", "- 12 30 0.000000"},
-                    TConversion{"55 45 07.2 N", "dms-hemisphere", "degree", "55.752000"},
-                    TConversion{"33 30 0 W", "dms-hemisphere", "degree", "-33.500000"},
-                    TConversion{"- 12 30", "dms", "degree", "-12.500000"},
-                    TConversion{"12d34m56.7s", "dms", "degree", "12.582417"},
-                    TConversion{"10.5", "degree", "sexagesimal", "10.3000000000"},
-                    TConversion{"10.300000", "sexagesimal", "degree", "10.500000"},
-                    TConversion{"10.5", "degree", "decimal-minutes", "10.30000000"},
-                    TConversion{"10.305", "decimal-minutes", "degree", "10.508333"}));
+INSTANTIATE_TEST_SUITE_P(Values, UnitsCommand,
+                         testing::Values(TConversion{"1", "foot", "metre", "0.304800"},
+                                         TConversion{"3937", "us-foot", "metre", "1200.000000"},
+                                         TConversion{"1", "nautical-mile", "km", "1.852000"},
+                                         TConversion{"-2.5", "kilometre", "m", "-2500.000000"},
+                                         TConversion{"1", "mile", "foot", "5280.000000"},
+                                         TConversion{"1", "yard", "foot", "3.000000"},
+                                         TConversion{"1", "fathom", "foot", "6.000000"},
+                                         TConversion{"100", "grad", "degree", "90.000000"},
+                                         TConversion{"180", "degree", "radian", "3.141593"},
+                                         TConversion{"1", "degree", "second", "3600.000000"},
+                                         TConversion{"90", "minute", "degree", "1.500000"},
+                                         TConversion{"55.752", "degree", "dms", "55 45 7.200000"},
+                                         TConversion{"-12.5", "degree", "dms", "- 12 30 0.000000"},
+                                         TConversion{"55 45 07.2 N", "dms-hemisphere", "degree", "55.752000"},
+                                         TConversion{"33 30 0 W", "dms-hemisphere", "degree", "-33.500000"},
+                                         TConversion{"- 12 30", "dms", "degree", "-12.500000"},
+                                         TConversion{"12d34m56.7s", "dms", "degree", "12.582417"},
+                                         TConversion{"10.5", "degree", "sexagesimal", "10.3000000000"},
+                                         TConversion{"10.300000", "sexagesimal", "degree", "10.500000"},
+                                         TConversion{"10.5", "degree", "decimal-minutes", "10.30000000"},
+                                         TConversion{"10.305", "decimal-minutes", "degree", "10.508333"}));
 
 TEST(UnitsCommandText, WithoutAPrecisionTheUnitHasItsOwn) {
     EXPECT_EQ(RunTool({"units", "1", "--from", "nautical-mile", "--to", "metre"}).out, "1852.000\n");
@@ -149,14 +155,21 @@ TEST(UnitsCommandText, WithoutAPrecisionTheUnitHasItsOwn) {
 
 TEST(UnitsCommandText, AHemisphereLetterNeedsTheAxis) {
     TToolRun const run = RunTool({"units", "-5.5", "--from", "degree", "--to", "dms-hemisphere"});
-    EXPECT_EQ(run.err, "vellari: an angle with a hemisphere letter needs its axis: --axis latitude or --axis longitude\n");
+    EXPECT_EQ(
+        run.err,
+        "vellari: an angle with a hemisphere letter needs its axis: --axis latitude or --axis longitude\n");
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(RunTool({"units", "-5.5", "--from", "degree", "--to", "dms-hemisphere", "--axis", "latitude", "-p", "1"}).out,
+    EXPECT_EQ(RunTool({"units", "-5.5", "--from", "degree", "--to", "dms-hemisphere", "--axis", "latitude",
+                       "-p", "1"})
+                  .out,
               "5 30 0.0 S\n");
-    EXPECT_EQ(RunTool({"units", "-5.5", "--from", "degree", "--to", "dms-hemisphere", "--axis", "longitude", "-p", "1"}).out,
+    EXPECT_EQ(RunTool({"units", "-5.5", "--from", "degree", "--to", "dms-hemisphere", "--axis", "longitude",
+                       "-p", "1"})
+                  .out,
               "5 30 0.0 W\n");
-    EXPECT_EQ(RunTool({"units", "5 30 0 W", "--from", "dms-hemisphere", "--to", "dms-hemisphere", "-p", "0"}).out,
-              "5 30 0 W\n");
+    EXPECT_EQ(
+        RunTool({"units", "5 30 0 W", "--from", "dms-hemisphere", "--to", "dms-hemisphere", "-p", "0"}).out,
+        "5 30 0 W\n");
 }
 
 struct TUnitsMistake {
@@ -178,14 +191,16 @@ TEST_P(UnitsMistake, IsOneLineAndStatusTwo) {
 INSTANTIATE_TEST_SUITE_P(
     Mistakes, UnitsMistake,
     testing::Values(
-        TUnitsMistake{{"1", "--from", "metre", "--to", "degree"},
-                      "metre is a unit of length and degree one of angle: no conversion leads from one to the other"},
+        TUnitsMistake{
+            {"1", "--from", "metre", "--to", "degree"},
+            "metre is a unit of length and degree one of angle: no conversion leads from one to the other"},
         TUnitsMistake{{"1", "--from", "metr", "--to", "degree"},
                       "unit \"metr\" is not known; did you mean metre? `vellari help units` lists the units"},
         TUnitsMistake{{"1", "--from", "metre", "--to", "parsecs-of-old"},
                       "unit \"parsecs-of-old\" is not known; `vellari help units` lists the units"},
         TUnitsMistake{{"12abc", "--from", "metre", "--to", "foot"}, "value \"12abc\" is not a number"},
-        TUnitsMistake{{"1 75 0", "--from", "dms", "--to", "degree"}, "value \"1 75 0\" has 60 or more minutes or seconds"},
+        TUnitsMistake{{"1 75 0", "--from", "dms", "--to", "degree"},
+                      "value \"1 75 0\" has 60 or more minutes or seconds"},
         TUnitsMistake{{"400", "--from", "degree", "--to", "dms"},
                       "value \"400\" is more than a turn, which this notation does not write"},
         TUnitsMistake{{"4", "--from", "degree", "--to", "dms", "--axis", "up"},
@@ -209,8 +224,9 @@ TEST(HelpCommand, ListsTheUnits) {
 
 TEST(HelpCommand, AnUnknownTopicNamesTheTopics) {
     TToolRun const run = RunTool({"help", "cooking"});
-    EXPECT_EQ(run.err, "vellari: there is no help on \"cooking\"; topics are transform, systems, points, units, "
-                       "exit-status\n");
+    EXPECT_EQ(run.err,
+              "vellari: there is no help on \"cooking\"; topics are transform, systems, points, units, "
+              "exit-status\n");
     EXPECT_EQ(run.status, 2);
 }
 
@@ -250,9 +266,12 @@ INSTANTIATE_TEST_SUITE_P(
                     TUsageMistake{{"transfrom", "a", "b"}, "\"transfrom\" is not a command"},
                     TUsageMistake{{"transform"}, "SOURCE is required"},
                     TUsageMistake{{"transform", "wgs-84"}, "TARGET is required"},
-                    TUsageMistake{{"transform", "wgs-84", "wgs-84", "--on-error", "panic"}, "panic not in {mark,skip,stop}"},
-                    TUsageMistake{{"transform", "wgs-84", "wgs-84", "--header", "maybe"}, "maybe not in {auto,always,never}"},
-                    TUsageMistake{{"transform", "wgs-84", "wgs-84", "--precision", "21"}, "not in range 0 to 20"},
+                    TUsageMistake{{"transform", "wgs-84", "wgs-84", "--on-error", "panic"},
+                                  "panic not in {mark,skip,stop}"},
+                    TUsageMistake{{"transform", "wgs-84", "wgs-84", "--header", "maybe"},
+                                  "maybe not in {auto,always,never}"},
+                    TUsageMistake{{"transform", "wgs-84", "wgs-84", "--precision", "21"},
+                                  "not in range 0 to 20"},
                     TUsageMistake{{"transform", "wgs-84", "wgs-84", "--precision", "two"}, "--precision"},
                     TUsageMistake{{"list", "--colour"}, "--colour"},
                     TUsageMistake{{"--language", "tlh", "list"}, "--language tlh: "},
@@ -264,12 +283,13 @@ TEST(CommandLine, TakesTheLanguagesOfTheTexts) {
 }
 
 TEST(CommandLine, AFullDiskIsReportedByEveryCommand) {
-    for (std::vector<std::string> const& arguments : {std::vector<std::string>{"list"}, {"help"}, {"--version"},
-                                                      {"show", "wgs-84"}}) {
+    for (std::vector<std::string> const& arguments :
+         {std::vector<std::string>{"list"}, {"help"}, {"--version"}, {"show", "wgs-84"}}) {
         TRunSettings settings;
         settings.outputPath = "/dev/full";
         TToolRun const run = RunTool(arguments, settings);
-        EXPECT_EQ(run.err, "vellari: standard output: the result can't be written: No space left on device\n");
+        EXPECT_EQ(run.err,
+                  "vellari: standard output: the result can't be written: No space left on device\n");
         EXPECT_EQ(run.status, 2);
     }
 }

@@ -50,7 +50,8 @@ std::string Without(std::string const& text, TRequiredPart const& part) {
             return text;
         }
     }
-    bool const exists = part.isTree ? place->FindSubtree(part.tag, 0) != nullptr : place->FindField(part.tag, 0) != nullptr;
+    bool const exists =
+        part.isTree ? place->FindSubtree(part.tag, 0) != nullptr : place->FindField(part.tag, 0) != nullptr;
     EXPECT_TRUE(exists) << part.tag;
     if (part.isTree) {
         place->DeleteSubtree(part.tag, 0);
@@ -76,31 +77,84 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         TRequiredPart{{}, false, 1100, false, "the description lacks field (1100,0), the kind of the system"},
         TRequiredPart{{}, false, 1020, false, "the description lacks field (1020,0), the name"},
-        TRequiredPart{{}, false, 1021, false, "the description lacks field (1021,0), the description, which may be empty"},
-        TRequiredPart{{}, true, 1107, false, "the description lacks subtree (1103,0), the ellipsoid, or (1107,0), the datum"},
+        TRequiredPart{{},
+                      false,
+                      1021,
+                      false,
+                      "the description lacks field (1021,0), the description, which may be empty"},
+        TRequiredPart{{},
+                      true,
+                      1107,
+                      false,
+                      "the description lacks subtree (1103,0), the ellipsoid, or (1107,0), the datum"},
         TRequiredPart{{}, true, 1106, false, "the description lacks subtree (1106,0), the angular unit"},
         TRequiredPart{{}, true, 1201, false, "the description lacks subtree (1201,0), the vertical system"},
-        TRequiredPart{{1201}, true, 1104, true,
-                      "subtree (1201,0) \"vertical reference system\" lacks subtree (1104,0), the unit of heights"},
-        TRequiredPart{{1106}, false, 5301, false, "subtree (1106,0) \"angular units\" lacks field (5301,0), the unit's code"},
-        TRequiredPart{{1106}, false, 5312, false, "subtree (1106,0) \"angular units\" lacks field (5312,0), the unit's kind"},
-        TRequiredPart{{1106}, false, 5320, false, "subtree (1106,0) \"angular units\" lacks field (5320,0), the unit's name"},
-        TRequiredPart{{1106}, false, 5321, false,
+        TRequiredPart{
+            {1201},
+            true,
+            1104,
+            true,
+            "subtree (1201,0) \"vertical reference system\" lacks subtree (1104,0), the unit of heights"},
+        TRequiredPart{{1106},
+                      false,
+                      5301,
+                      false,
+                      "subtree (1106,0) \"angular units\" lacks field (5301,0), the unit's code"},
+        TRequiredPart{{1106},
+                      false,
+                      5312,
+                      false,
+                      "subtree (1106,0) \"angular units\" lacks field (5312,0), the unit's kind"},
+        TRequiredPart{{1106},
+                      false,
+                      5320,
+                      false,
+                      "subtree (1106,0) \"angular units\" lacks field (5320,0), the unit's name"},
+        TRequiredPart{{1106},
+                      false,
+                      5321,
+                      false,
                       "subtree (1106,0) \"angular units\" lacks field (5321,0), the unit's abbreviation"},
-        TRequiredPart{{1106}, false, 5322, false,
+        TRequiredPart{{1106},
+                      false,
+                      5322,
+                      false,
                       "subtree (1106,0) \"angular units\" lacks field (5322,0), the unit's description"},
-        TRequiredPart{{1106}, false, 5310, true,
-                      "subtree (1106,0) \"angular units\" lacks field (5310,0), the numerator of the unit's size"},
-        TRequiredPart{{1106}, false, 5311, true,
-                      "subtree (1106,0) \"angular units\" lacks field (5311,0), the denominator of the unit's size"},
-        TRequiredPart{{1101}, false, 5220, false,
+        TRequiredPart{
+            {1106},
+            false,
+            5310,
+            true,
+            "subtree (1106,0) \"angular units\" lacks field (5310,0), the numerator of the unit's size"},
+        TRequiredPart{
+            {1106},
+            false,
+            5311,
+            true,
+            "subtree (1106,0) \"angular units\" lacks field (5311,0), the denominator of the unit's size"},
+        TRequiredPart{{1101},
+                      false,
+                      5220,
+                      false,
                       "subtree (1101,0) \"prime meridian\" lacks field (5220,0), the prime meridian's name"},
-        TRequiredPart{{1101}, false, 5221, false,
-                      "subtree (1101,0) \"prime meridian\" lacks field (5221,0), the prime meridian's description"},
-        TRequiredPart{{1101}, false, 5210, false,
-                      "subtree (1101,0) \"prime meridian\" lacks field (5210,0), the prime meridian's longitude"},
-        TRequiredPart{{1101}, true, 5211, false,
-                      "subtree (1101,0) \"prime meridian\" lacks subtree (5211,0), the prime meridian's angular unit"}));
+        TRequiredPart{
+            {1101},
+            false,
+            5221,
+            false,
+            "subtree (1101,0) \"prime meridian\" lacks field (5221,0), the prime meridian's description"},
+        TRequiredPart{
+            {1101},
+            false,
+            5210,
+            false,
+            "subtree (1101,0) \"prime meridian\" lacks field (5210,0), the prime meridian's longitude"},
+        TRequiredPart{{1101},
+                      true,
+                      5211,
+                      false,
+                      "subtree (1101,0) \"prime meridian\" lacks subtree (5211,0), the prime meridian's "
+                      "angular unit"}));
 
 std::vector<TRequiredPart> DatumParts() {
     static std::vector<std::string> const messages = [] {
@@ -132,28 +186,17 @@ std::vector<TRequiredPart> DatumParts() {
     }();
     auto const text = [](std::size_t i) { return messages[i].c_str(); };
     return {
-        {{1107}, true, 1102, false, text(0)},
-        {{1107}, true, 5610, false, text(1)},
-        {{1107, 1102}, true, 5443, true, text(2)},
-        {{1107, 1102, 5443}, false, 5701, true, text(3)},
-        {{1107, 1102}, true, 5440, false, text(4)},
-        {{1107, 1102}, true, 5441, false, text(5)},
-        {{1107, 1102}, true, 5442, false, text(6)},
-        {{1107, 1102}, false, 5461, false, text(7)},
-        {{1107, 1102}, false, 5462, false, text(8)},
-        {{1107, 1102}, false, 5463, false, text(9)},
-        {{1107, 1102}, false, 5464, false, text(10)},
-        {{1107, 1102}, false, 5465, false, text(11)},
-        {{1107, 1102}, false, 5466, false, text(12)},
-        {{1107, 1102}, false, 5467, false, text(13)},
-        {{1107, 5610}, false, 5120, false, text(14)},
-        {{1107, 5610}, false, 5121, false, text(15)},
-        {{1107, 5610}, false, 5110, false, text(16)},
-        {{1107, 5610}, false, 5111, false, text(17)},
-        {{1107, 5610}, false, 5112, false, text(18)},
-        {{1107, 5610}, false, 5114, false, text(19)},
-        {{1107, 5610}, false, 5115, false, text(20)},
-        {{1107, 5610}, true, 5113, false, text(21)},
+        {{1107}, true, 1102, false, text(0)},         {{1107}, true, 5610, false, text(1)},
+        {{1107, 1102}, true, 5443, true, text(2)},    {{1107, 1102, 5443}, false, 5701, true, text(3)},
+        {{1107, 1102}, true, 5440, false, text(4)},   {{1107, 1102}, true, 5441, false, text(5)},
+        {{1107, 1102}, true, 5442, false, text(6)},   {{1107, 1102}, false, 5461, false, text(7)},
+        {{1107, 1102}, false, 5462, false, text(8)},  {{1107, 1102}, false, 5463, false, text(9)},
+        {{1107, 1102}, false, 5464, false, text(10)}, {{1107, 1102}, false, 5465, false, text(11)},
+        {{1107, 1102}, false, 5466, false, text(12)}, {{1107, 1102}, false, 5467, false, text(13)},
+        {{1107, 5610}, false, 5120, false, text(14)}, {{1107, 5610}, false, 5121, false, text(15)},
+        {{1107, 5610}, false, 5110, false, text(16)}, {{1107, 5610}, false, 5111, false, text(17)},
+        {{1107, 5610}, false, 5112, false, text(18)}, {{1107, 5610}, false, 5114, false, text(19)},
+        {{1107, 5610}, false, 5115, false, text(20)}, {{1107, 5610}, true, 5113, false, text(21)},
     };
 }
 
@@ -187,10 +230,12 @@ TEST(DescriptionCheck, TheUnitMayStandBesideTheAxes) {
 
 TEST(DescriptionCheck, ATextThatIsNoNumberIsShown) {
     EXPECT_EQ(MessageOf(Replaced(CatalogText("pulkovo-1942"), "dx\t23.57", "dx\t23,57")),
-              "my.txt: subtree (1107,0) \"datum\"/(1102,0) \"datum shift\" has in field (5461,0), the shift along X, the "
+              "my.txt: subtree (1107,0) \"datum\"/(1102,0) \"datum shift\" has in field (5461,0), the shift "
+              "along X, the "
               "text \"23,57\" where a number is needed");
-    EXPECT_THAT(MessageOf(Replaced(CatalogText("pulkovo-1942"), "(1100,0)[1]type\t4", "(1100,0)[1]type\tfour")),
-                HasSubstr("has in field (1100,0), the kind of the system, the text \"four\" where a whole number"));
+    EXPECT_THAT(
+        MessageOf(Replaced(CatalogText("pulkovo-1942"), "(1100,0)[1]type\t4", "(1100,0)[1]type\tfour")),
+        HasSubstr("has in field (1100,0), the kind of the system, the text \"four\" where a whole number"));
     EXPECT_THAT(MessageOf(Replaced(CatalogText("pulkovo-1942"), "f_c\t180", "f_c\t0")),
                 HasSubstr("the text \"0\" where a number other than 0 is needed"));
 }
@@ -209,10 +254,11 @@ TEST(DescriptionCheck, IndentationWithBlanksIsPointedAt) {
 }
 
 TEST(DescriptionCheck, AnotherFileIsNoDescription) {
-    EXPECT_EQ(MessageOf("<?xml version=\"1.0\"?>\n"),
-              "my.txt is not a description: it begins with \"<?xml version=\"1.0\"?...\" where \"(0,0)\" is needed");
+    EXPECT_EQ(MessageOf("<?xml version=\"1.0\"?>\n"), "my.txt is not a description: it begins with \"<?xml "
+                                                      "version=\"1.0\"?...\" where \"(0,0)\" is needed");
     EXPECT_EQ(MessageOf(""), "my.txt is not a description: it is empty");
-    EXPECT_EQ(MessageOf(std::string("(0,0)a\0b", 8)), "my.txt is not a description: it has a NUL byte at offset 6");
+    EXPECT_EQ(MessageOf(std::string("(0,0)a\0b", 8)),
+              "my.txt is not a description: it has a NUL byte at offset 6");
 }
 
 TEST(DescriptionCheck, ACountBeyondTheTextIsDamage) {
@@ -255,8 +301,9 @@ TEST(DescriptionCheck, TheToolNamesTheFileAndEndsWithStatusTwo) {
     TRequiredPart const part{{1107, 1102, 5443}, false, 5701, true, ""};
     std::string const path = folder.Write("my.txt", Without(CatalogText("pulkovo-1942"), part));
     TToolRun const run = RunTool({"transform", path, "wgs-84"});
-    EXPECT_EQ(run.err, "vellari: " + path + ": subtree (1107,0) \"datum\"/(1102,0) \"datum shift\"/(5443,0) \"type\" "
-                                            "lacks field (5701,0), the form of the datum shift\n");
+    EXPECT_EQ(run.err, "vellari: " + path +
+                           ": subtree (1107,0) \"datum\"/(1102,0) \"datum shift\"/(5443,0) \"type\" "
+                           "lacks field (5701,0), the form of the datum shift\n");
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(RunTool({"transform", "wgs-84", path}).err, run.err);
 }

@@ -1,10 +1,10 @@
 #include "tests/cli/ToolRunner.h"
+#include "tools/vellari/AxisText.h"
 #include "tools/vellari/Catalog.h"
 #include "tools/vellari/LineReader.h"
 #include "tools/vellari/NameMatch.h"
 #include "tools/vellari/PointLine.h"
 #include "tools/vellari/SexagesimalText.h"
-#include "tools/vellari/AxisText.h"
 #include "tools/vellari/ToolError.h"
 
 #include <gmock/gmock.h>
@@ -96,7 +96,10 @@ TEST(ColumnUnitName, HasOnlyLettersDigitsAndLowLines) {
 
 TEST(Quoted, CutsLongTextsBetweenCharacters) {
     EXPECT_EQ(Quoted("abcdef", 3), "\"abc...\"");
-    EXPECT_EQ(Quoted("ab\xC3\xA9" "cd", 3), "\"ab...\"");
+    EXPECT_EQ(Quoted("ab\xC3\xA9"
+                     "cd",
+                     3),
+              "\"ab...\"");
     EXPECT_EQ(Quoted("a\tb\x01"), "\"a\\tb\\x01\"");
 }
 
@@ -118,7 +121,9 @@ TEST(LineReader, TakesEveryKindOfLineEnd) {
     EXPECT_THAT(LinesOf("a\nb\r\nc"), ElementsAre("a", "b", "c"));
     EXPECT_THAT(LinesOf("\n\n"), ElementsAre("", ""));
     EXPECT_THAT(LinesOf(""), ElementsAre());
-    EXPECT_THAT(LinesOf("\xEF\xBB\xBF" "a\n"), ElementsAre("a"));
+    EXPECT_THAT(LinesOf("\xEF\xBB\xBF"
+                        "a\n"),
+                ElementsAre("a"));
     EXPECT_THAT(LinesOf("\xEF\xBB"), ElementsAre("\xEF\xBB"));
 }
 
@@ -135,8 +140,9 @@ TEST(LineReader, LinesMayLieAcrossBlocks) {
 TEST(LineReader, CutsALineOfAbsurdLengthAndGoesOn) {
     TTemporaryFolder const folder;
     std::size_t const most = TLineReader::MaxLineLength;
-    TLineReader reader(folder.Write("lines", std::string(most, 'a') + "\n" + std::string(most + 1, 'b') + "\n" +
-                                                 std::string(10 * most, 'c') + "\nend\n" + std::string(2 * most, 'd')));
+    TLineReader reader(folder.Write("lines", std::string(most, 'a') + "\n" + std::string(most + 1, 'b') +
+                                                 "\n" + std::string(10 * most, 'c') + "\nend\n" +
+                                                 std::string(2 * most, 'd')));
     TTextLine line;
     ASSERT_TRUE(reader.Next(&line));
     EXPECT_EQ(line.text.size(), most);
@@ -177,38 +183,52 @@ TEST_P(SexagesimalText, IsGoodOrSaysWhatIsWrong) {
 // What is refused here is what the units read without a word as another angle.
 INSTANTIATE_TEST_SUITE_P(
     Texts, SexagesimalText,
-    testing::Values(
-        TSexagesimalCase{snHemisphere, false, "55 45 07.2 N", ""}, TSexagesimalCase{snHemisphere, true, "0 00 05 W", ""},
-        TSexagesimalCase{snHemisphere, false, "55\xC2\xB0" "45'07.2\"N", ""},
-        TSexagesimalCase{snHemisphere, false, "55\xC2\xB0" "45\xE2\x80\xB2" "07.2\xE2\x80\xB3 S", ""},
-        TSexagesimalCase{snHemisphere, false, "12d34m56.7s", ""}, TSexagesimalCase{snHemisphere, false, "12.5", ""},
-        TSexagesimalCase{snHemisphere, false, "", "is empty"}, TSexagesimalCase{snHemisphere, false, "N", "begin"},
-        TSexagesimalCase{snHemisphere, false, "N 55 45", "does not begin with a digit"},
-        TSexagesimalCase{snHemisphere, false, "-12 30 0 N", "does not begin with a digit"},
-        TSexagesimalCase{snHemisphere, false, "12 30 0 s", "small letter"},
-        TSexagesimalCase{snHemisphere, true, "12 30 0 w", "small letter"},
-        TSexagesimalCase{snHemisphere, true, "12 30 0 N", "other axis; right would be 37 36 56.4 E"},
-        TSexagesimalCase{snHemisphere, false, "12 60 0 N", "60 or more"},
-        TSexagesimalCase{snHemisphere, false, "12 30 0 5 N", "is not an angle"},
-        TSexagesimalCase{snHemisphere, false, "12 30 1e1 N", "is not an angle"},
-        TSexagesimalCase{snParts, false, "-12 30", ""}, TSexagesimalCase{snParts, false, "- 12 30 0.5", ""},
-        TSexagesimalCase{snParts, false, "12-30", "does not stand in front"},
-        TSexagesimalCase{snParts, false, "12 30 0 S", "ends with a letter"},
-        TSexagesimalCase{snParts, false, "+12 30 0", "does not begin"},
-        TSexagesimalCase{snParts, false, "12 30 60", "60 or more"},
-        TSexagesimalCase{snParts, false, "-", "is not an angle"},
-        TSexagesimalCase{snPackedSeconds, false, "55.450720", ""}, TSexagesimalCase{snPackedSeconds, false, "55", ""},
-        TSexagesimalCase{snPackedSeconds, false, "-12.30", ""}, TSexagesimalCase{snPackedSeconds, false, "-0.00", ""},
-        TSexagesimalCase{snPackedSeconds, false, "12.345", "one digit"},
-        TSexagesimalCase{snPackedSeconds, false, "12.7", "one digit"},
-        TSexagesimalCase{snPackedSeconds, false, "12.7500", "60 or more"},
-        TSexagesimalCase{snPackedSeconds, false, "12.3075", "60 or more"},
-        TSexagesimalCase{snPackedSeconds, false, "-0.3000", "loses the sign"},
-        TSexagesimalCase{snPackedSeconds, false, "1.30000000000000", "more than 13 digits"},
-        TSexagesimalCase{snPackedSeconds, false, "12.30x", "is not a packed angle"},
-        TSexagesimalCase{snPackedSeconds, false, "12345678901", "is not a packed angle"},
-        TSexagesimalCase{snPackedMinutes, false, "12.345", ""}, TSexagesimalCase{snPackedMinutes, false, "-0.30", ""},
-        TSexagesimalCase{snPackedMinutes, false, "12.3456", "more than one decimal of a minute"},
-        TSexagesimalCase{snPackedMinutes, false, "12.61", "60 or more"}));
+    testing::Values(TSexagesimalCase{snHemisphere, false, "55 45 07.2 N", ""},
+                    TSexagesimalCase{snHemisphere, true, "0 00 05 W", ""},
+                    TSexagesimalCase{snHemisphere, false,
+                                     "55\xC2\xB0"
+                                     "45'07.2\"N",
+                                     ""},
+                    TSexagesimalCase{snHemisphere, false,
+                                     "55\xC2\xB0"
+                                     "45\xE2\x80\xB2"
+                                     "07.2\xE2\x80\xB3 S",
+                                     ""},
+                    TSexagesimalCase{snHemisphere, false, "12d34m56.7s", ""},
+                    TSexagesimalCase{snHemisphere, false, "12.5", ""},
+                    TSexagesimalCase{snHemisphere, false, "", "is empty"},
+                    TSexagesimalCase{snHemisphere, false, "N", "begin"},
+                    TSexagesimalCase{snHemisphere, false, "N 55 45", "does not begin with a digit"},
+                    TSexagesimalCase{snHemisphere, false, "-12 30 0 N", "does not begin with a digit"},
+                    TSexagesimalCase{snHemisphere, false, "12 30 0 s", "small letter"},
+                    TSexagesimalCase{snHemisphere, true, "12 30 0 w", "small letter"},
+                    TSexagesimalCase{snHemisphere, true, "12 30 0 N",
+                                     "other axis; right would be 37 36 56.4 E"},
+                    TSexagesimalCase{snHemisphere, false, "12 60 0 N", "60 or more"},
+                    TSexagesimalCase{snHemisphere, false, "12 30 0 5 N", "is not an angle"},
+                    TSexagesimalCase{snHemisphere, false, "12 30 1e1 N", "is not an angle"},
+                    TSexagesimalCase{snParts, false, "-12 30", ""},
+                    TSexagesimalCase{snParts, false, "- 12 30 0.5", ""},
+                    TSexagesimalCase{snParts, false, "12-30", "does not stand in front"},
+                    TSexagesimalCase{snParts, false, "12 30 0 S", "ends with a letter"},
+                    TSexagesimalCase{snParts, false, "+12 30 0", "does not begin"},
+                    TSexagesimalCase{snParts, false, "12 30 60", "60 or more"},
+                    TSexagesimalCase{snParts, false, "-", "is not an angle"},
+                    TSexagesimalCase{snPackedSeconds, false, "55.450720", ""},
+                    TSexagesimalCase{snPackedSeconds, false, "55", ""},
+                    TSexagesimalCase{snPackedSeconds, false, "-12.30", ""},
+                    TSexagesimalCase{snPackedSeconds, false, "-0.00", ""},
+                    TSexagesimalCase{snPackedSeconds, false, "12.345", "one digit"},
+                    TSexagesimalCase{snPackedSeconds, false, "12.7", "one digit"},
+                    TSexagesimalCase{snPackedSeconds, false, "12.7500", "60 or more"},
+                    TSexagesimalCase{snPackedSeconds, false, "12.3075", "60 or more"},
+                    TSexagesimalCase{snPackedSeconds, false, "-0.3000", "loses the sign"},
+                    TSexagesimalCase{snPackedSeconds, false, "1.30000000000000", "more than 13 digits"},
+                    TSexagesimalCase{snPackedSeconds, false, "12.30x", "is not a packed angle"},
+                    TSexagesimalCase{snPackedSeconds, false, "12345678901", "is not a packed angle"},
+                    TSexagesimalCase{snPackedMinutes, false, "12.345", ""},
+                    TSexagesimalCase{snPackedMinutes, false, "-0.30", ""},
+                    TSexagesimalCase{snPackedMinutes, false, "12.3456", "more than one decimal of a minute"},
+                    TSexagesimalCase{snPackedMinutes, false, "12.61", "60 or more"}));
 
 } // namespace

@@ -35,8 +35,9 @@ std::vector<std::string> Environment(TRunSettings const& settings) {
     for (char** variable = environ; *variable; ++variable) {
         std::string const text = *variable;
         std::string const name = text.substr(0, text.find('=') + 1);
-        bool const isReplaced = std::any_of(settings.environment.begin(), settings.environment.end(),
-                                            [&name](std::string const& own) { return own.rfind(name, 0) == 0; });
+        bool const isReplaced =
+            std::any_of(settings.environment.begin(), settings.environment.end(),
+                        [&name](std::string const& own) { return own.rfind(name, 0) == 0; });
         if (!isReplaced) {
             result.push_back(text);
         }

@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <random>
+
 namespace {
 
 using namespace ToolTest;
@@ -45,8 +49,10 @@ TEST(TransformCommand, PrecisionHoldsForAllCoordinates) {
 }
 
 TEST(TransformCommand, HeightsMayHaveAPrecisionOfTheirOwn) {
-    EXPECT_EQ(Transform("55.75,37.62,150\n", {"-p", "5", "--height-precision", "1"}).out, "55.75004,37.61813,154.5\n");
-    EXPECT_EQ(Transform("55.75,37.62,150\n", {"--height-precision", "0"}).out, "55.750042613,37.618125892,155\n");
+    EXPECT_EQ(Transform("55.75,37.62,150\n", {"-p", "5", "--height-precision", "1"}).out,
+              "55.75004,37.61813,154.5\n");
+    EXPECT_EQ(Transform("55.75,37.62,150\n", {"--height-precision", "0"}).out,
+              "55.750042613,37.618125892,155\n");
 }
 
 TEST(TransformCommand, NumbersDoNotFollowTheLocale) {
@@ -54,7 +60,8 @@ TEST(TransformCommand, NumbersDoNotFollowTheLocale) {
         TRunSettings settings;
         settings.input = "55.75,37.62,150\n";
         settings.environment = {locale};
-        EXPECT_EQ(RunTool({"transform", "pulkovo-1942", "wgs-84"}, settings).out, std::string(moscow) + "\n") << locale;
+        EXPECT_EQ(RunTool({"transform", "pulkovo-1942", "wgs-84"}, settings).out, std::string(moscow) + "\n")
+            << locale;
     }
 }
 
@@ -73,7 +80,8 @@ TEST(TransformCommand, ReadsAndWritesGrads) {
     // 2.5969213 grad, which is 3e-9 degrees more.
     TRunSettings settings;
     settings.input = "lat,lon,h\n54,0,100\n";
-    TToolRun const run = RunTool({"transform", "ntf-paris", "wgs-84", "-p", "7", "--height-precision", "3"}, settings);
+    TToolRun const run =
+        RunTool({"transform", "ntf-paris", "wgs-84", "-p", "7", "--height-precision", "3"}, settings);
     EXPECT_EQ(run.out, "latitude_deg,longitude_deg,height_m\n48.5999322,2.3365093,143.241\n");
     TToolRun const same = RunTool({"transform", "ntf-paris", "ntf-paris", "-p", "6"}, settings);
     EXPECT_EQ(same.out, "latitude_grad,longitude_grad,height_m\n54.000000,0.000000,100.000000\n");
@@ -127,7 +135,9 @@ TEST(TransformCommand, HeaderModesAddAndTakeAwayTheHeader) {
 }
 
 TEST(TransformCommand, ReadsCarriageReturnsAndAByteOrderMark) {
-    EXPECT_EQ(Transform("\xEF\xBB\xBF" "55.75,37.62,150\r\n55.75,37.62,150\r\n").out,
+    EXPECT_EQ(Transform("\xEF\xBB\xBF"
+                        "55.75,37.62,150\r\n55.75,37.62,150\r\n")
+                  .out,
               std::string(moscow) + "\n" + moscow + "\n");
 }
 
@@ -199,13 +209,16 @@ TEST(TransformCommand, SexagesimalTextsAmongBlanksAreExplained) {
     settings.input = "55 45 07.2 N 37 36 56.4 E 144\n";
     TToolRun const run = RunTool({"transform", "wgs-84-dms", "wgs-84"}, settings);
     EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.err, HasSubstr("angles with blanks inside need commas, semicolons or TABs between the columns"));
+    EXPECT_THAT(run.err,
+                HasSubstr("angles with blanks inside need commas, semicolons or TABs between the columns"));
 }
 
 TEST(TransformCommand, AnglesWithoutBlanksInsideMayStandAmongBlanks) {
     TRunSettings settings;
-    settings.input = "55\xC2\xB0" "45'07.2\"N 37d36m56.4sE 144\n";
-    EXPECT_EQ(RunTool({"transform", "wgs-84-dms", "wgs-84"}, settings).out, "55.752000000 37.615666667 144.000\n");
+    settings.input = "55\xC2\xB0"
+                     "45'07.2\"N 37d36m56.4sE 144\n";
+    EXPECT_EQ(RunTool({"transform", "wgs-84-dms", "wgs-84"}, settings).out,
+              "55.752000000 37.615666667 144.000\n");
 }
 
 TEST(TransformCommand, AngleWithTheOtherAxisLetterIsAMistake) {
@@ -213,8 +226,9 @@ TEST(TransformCommand, AngleWithTheOtherAxisLetterIsAMistake) {
     settings.input = "37 36 56.4 E,55 45 07.2 N,144\n";
     TToolRun const run = RunTool({"transform", "wgs-84-dms", "wgs-84"}, settings);
     EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.err, HasSubstr("line 1: latitude \"37 36 56.4 E\" has the letter of the other axis; right would "
-                                   "be 55 45 07.2 N"));
+    EXPECT_THAT(run.err,
+                HasSubstr("line 1: latitude \"37 36 56.4 E\" has the letter of the other axis; right would "
+                          "be 55 45 07.2 N"));
 }
 
 // --- Mistakes --------------------------------------------------------------------------------------------------------
@@ -223,8 +237,10 @@ std::string const goodPoint = "55.75,37.62,150\n";
 
 TEST(TransformCommand, ReportsNumberTextAndReason) {
     TToolRun const run = Transform(goodPoint + "12abc,37.62,150,x\n");
-    EXPECT_EQ(run.err, "vellari: standard input, line 2: latitude \"12abc\" is not a number, in \"12abc,37.62,150,x\"\n"
-                       "vellari: 1 of 2 points could not be transformed\n");
+    EXPECT_EQ(
+        run.err,
+        "vellari: standard input, line 2: latitude \"12abc\" is not a number, in \"12abc,37.62,150,x\"\n"
+        "vellari: 1 of 2 points could not be transformed\n");
     EXPECT_EQ(run.status, 1);
 }
 
@@ -293,8 +309,8 @@ TEST(TransformCommand, ReportsOnlyTheFirstTwentyOneByOne) {
 std::string const mixed = "B,L,H,name\n55.75,37.62,150,a\n\nx,37.62,150,b\n55.75,37.62,150,c\n";
 
 TEST(TransformCommand, MarkLeavesTheCoordinatesEmptyAndKeepsAllLines) {
-    std::string const expected = "latitude_deg,longitude_deg,height_m,name\n" + std::string(moscow) + ",a\n\n,,,b\n" +
-                                 moscow + ",c\n";
+    std::string const expected =
+        "latitude_deg,longitude_deg,height_m,name\n" + std::string(moscow) + ",a\n\n,,,b\n" + moscow + ",c\n";
     for (std::vector<std::string> const& options : {std::vector<std::string>{}, {"--on-error", "mark"}}) {
         TToolRun const run = Transform(mixed, options);
         EXPECT_EQ(run.out, expected);
@@ -303,12 +319,14 @@ TEST(TransformCommand, MarkLeavesTheCoordinatesEmptyAndKeepsAllLines) {
 }
 
 TEST(TransformCommand, MarkAmongBlanksWritesStars) {
-    EXPECT_EQ(Transform("55.75 37.62 150 a\nx 1 2 b\n").out, "55.750042613 37.618125892 154.542 a\n* * * b\n");
+    EXPECT_EQ(Transform("55.75 37.62 150 a\nx 1 2 b\n").out,
+              "55.750042613 37.618125892 154.542 a\n* * * b\n");
 }
 
 TEST(TransformCommand, SkipLeavesTheLineOut) {
     TToolRun const run = Transform(mixed, {"--on-error", "skip"});
-    EXPECT_EQ(run.out, "latitude_deg,longitude_deg,height_m,name\n" + std::string(moscow) + ",a\n\n" + moscow + ",c\n");
+    EXPECT_EQ(run.out, "latitude_deg,longitude_deg,height_m,name\n" + std::string(moscow) + ",a\n\n" +
+                           moscow + ",c\n");
     EXPECT_EQ(run.status, 1);
 }
 
@@ -350,6 +368,20 @@ TEST(TransformCommand, TheFileMayBeThatOfThePoints) {
     EXPECT_EQ(ReadFile(path), std::string(moscow) + "\n");
 }
 
+TEST(TransformCommand, FollowsALinkAndKeepsThePermissions) {
+    namespace fs = std::filesystem;
+    TTemporaryFolder const folder;
+    std::string const path = folder.Write("result.csv", "old\n");
+    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    fs::create_symlink(path, folder.Path("link.csv"));
+    EXPECT_EQ(Transform(goodPoint, {"-o", folder.Path("link.csv")}).status, 0);
+    EXPECT_TRUE(fs::is_symlink(folder.Path("link.csv")));
+    EXPECT_EQ(ReadFile(path), std::string(moscow) + "\n");
+    EXPECT_EQ(fs::status(path).permissions(),
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    EXPECT_EQ(folder.Files(), (std::vector<std::string>{"link.csv", "result.csv"}));
+}
+
 TEST(TransformCommand, LeavesTheFileAloneWhenItStops) {
     TTemporaryFolder const folder;
     std::string const path = folder.Write("result.csv", "old\n");
@@ -362,7 +394,9 @@ TEST(TransformCommand, LeavesTheFileAloneWhenItStops) {
 
 TEST(TransformCommand, AFileThatCannotBeMadeIsNamed) {
     TToolRun const run = Transform(goodPoint, {"-o", "/no/such/folder/result.csv"});
-    EXPECT_EQ(run.err, "vellari: /no/such/folder/result.csv: the result can't be written: No such file or directory\n");
+    EXPECT_EQ(
+        run.err,
+        "vellari: /no/such/folder/result.csv: the result can't be written: No such file or directory\n");
     EXPECT_EQ(run.status, 2);
 }
 
@@ -391,14 +425,44 @@ TEST(TransformCommand, EndsQuietlyWhenNobodyReads) {
 
 TEST(TransformCommand, PointsThatCannotBeReadAreNamed) {
     TToolRun const missing = RunTool({"transform", "wgs-84", "wgs-84", "/no/such/points.csv"});
-    EXPECT_EQ(missing.err, "vellari: /no/such/points.csv: the points can't be read: No such file or directory\n");
+    EXPECT_EQ(missing.err,
+              "vellari: /no/such/points.csv: the points can't be read: No such file or directory\n");
     EXPECT_EQ(missing.status, 2);
     TToolRun const folder = RunTool({"transform", "wgs-84", "wgs-84", "/tmp"});
     EXPECT_EQ(folder.err, "vellari: /tmp: the points can't be read: Is a directory\n");
     EXPECT_EQ(folder.status, 2);
 }
 
-#if defined(__SANITIZE_ADDRESS__) || (defined(__has_feature) && __has_feature(address_sanitizer))
+TEST(TransformCommand, RandomBytesGiveAsManyLinesAndNoCrash) {
+    std::mt19937 random(19420101);
+    std::string const alphabet = "0123456789.,;-+eE \t\"NSEWnds'\r*\xC2\xB0\xFF";
+    for (char const* const source : {"pulkovo-1942", "wgs-84-dms"}) {
+        TRunSettings settings;
+        for (int line = 0; line < 2000; ++line) {
+            // The first line begins like a number, so that it isn't taken for a header.
+            std::string text = line == 0 ? "1" : "";
+            for (unsigned length = random() % 30; length > 0; --length) {
+                text +=
+                    line % 2 == 0 ? alphabet[random() % alphabet.size()] : static_cast<char>(random() % 256);
+            }
+            std::replace(text.begin(), text.end(), '\n', ' ');
+            settings.input += text + "\n";
+        }
+        TToolRun const run = RunTool({"transform", source, "wgs-84"}, settings);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(CountLines(run.out), 2000);
+        EXPECT_EQ(run.out.find("nan"), std::string::npos);
+    }
+}
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define VELLARI_HAS_ADDRESS_SANITIZER
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define VELLARI_HAS_ADDRESS_SANITIZER
+#endif
+#ifdef VELLARI_HAS_ADDRESS_SANITIZER
 constexpr long allowedGrowthKiB = 65536; // the sanitizer keeps freed memory for a while
 #else
 constexpr long allowedGrowthKiB = 2048;
@@ -416,7 +480,8 @@ TEST(TransformCommand, MemoryDoesNotGrowWithTheNumberOfLines) {
     }
     std::string const path = folder.Write("many.csv", many);
     TToolRun const small = Transform(few);
-    TToolRun const large = RunTool({"transform", "pulkovo-1942", "wgs-84", path, "-o", folder.Path("out.csv")});
+    TToolRun const large =
+        RunTool({"transform", "pulkovo-1942", "wgs-84", path, "-o", folder.Path("out.csv")});
     EXPECT_EQ(large.status, 0);
     EXPECT_EQ(CountLines(ReadFile(folder.Path("out.csv"))), 200000);
     // The whole input has 6.8 MB; two runs differ by some hundred KiB at most.

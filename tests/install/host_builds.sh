@@ -37,9 +37,8 @@ include=$work/tree/include/Vellari
 installed=$(cd "$include" && find . -name '*.h' | sort)
 echo '#include <Vellari/Vellari.h>
 #include <Vellari/hostkit/HostKit.h>' >"$work/umbrellas.cpp"
-# shellcheck disable=SC2046
-reached=$("$compiler" -MM $(pkg-config --cflags vellari) "$work/umbrellas.cpp" | tr -s ' \\\n' '\n' |
-    grep "^$include/" | sed "s|^$include/|./|" | sort -u)
+reached=$("$compiler" -std=c++20 -MM "-I$work/tree/include" "-I$include" "$work/umbrellas.cpp" | tr -s ' \\\n' '\n' |
+    sed -n "s|^$include/|./|p" | sort -u)
 [ "$installed" = "$reached" ] || fail "installed headers and those that hosts reach differ:
 $(diff <(echo "$installed") <(echo "$reached"))"
 

@@ -44,8 +44,8 @@ bool HasRotations(TStringTree const& shift) {
 /** Whether the unit's texts are plain numbers, not a sexagesimal notation. */
 bool IsPlainUnit(TStringTree const& unit) {
     int const code = WholeOr(unit, 5301, 0);
-    return code != anDegreeMinuteSecond && code != anDegreeMinuteSecondHemisphere && code != anSexagesimalDegree &&
-           code != anDegreeDecimalMinute;
+    return code != anDegreeMinuteSecond && code != anDegreeMinuteSecondHemisphere &&
+           code != anSexagesimalDegree && code != anDegreeDecimalMinute;
 }
 
 bool HasPlainRotations(TStringTree const& shift) {
@@ -205,7 +205,8 @@ char const* WantedText(TRequirementForm form) {
     }
 }
 
-std::optional<std::string> FindMistake(TPlace const& place, std::span<TRequirement const> rows, TSystemUse use);
+std::optional<std::string> FindMistake(TPlace const& place, std::span<TRequirement const> rows,
+                                       TSystemUse use);
 
 std::optional<std::string> FindFieldMistake(TPlace const& place, TRequirement const& row) {
     std::string text;
@@ -224,9 +225,10 @@ std::optional<std::string> FindTreeMistake(TPlace const& place, TRequirement con
         return FindMistake(place.Below(child), row.inside, use);
     }
     if (row.form == rfTreeOrHere) {
-        bool const standsHere = std::any_of(row.inside.begin(), row.inside.end(), [&place](TRequirement const& inner) {
-            return place.tree->FindField(inner.tag, 0) != nullptr;
-        });
+        bool const standsHere =
+            std::any_of(row.inside.begin(), row.inside.end(), [&place](TRequirement const& inner) {
+                return place.tree->FindField(inner.tag, 0) != nullptr;
+            });
         if (standsHere) {
             return FindMistake(place, row.inside, use);
         }
@@ -234,7 +236,8 @@ std::optional<std::string> FindTreeMistake(TPlace const& place, TRequirement con
     return ": " + place.Name() + " lacks subtree " + Pair(row.tag) + ", " + row.meaning;
 }
 
-std::optional<std::string> FindMistake(TPlace const& place, std::span<TRequirement const> rows, TSystemUse use) {
+std::optional<std::string> FindMistake(TPlace const& place, std::span<TRequirement const> rows,
+                                       TSystemUse use) {
     for (TRequirement const& row : rows) {
         if (row.use > use || (row.applies && !row.applies(*place.tree))) {
             continue;
@@ -272,7 +275,8 @@ std::optional<std::string> FindTextMistake(std::string_view text) {
     std::size_t const nul = text.find('\0');
     // Texts that a system wrote itself may end with one.
     if (nul != std::string_view::npos && nul + 1 != text.size()) {
-        return FormatText(" is not a description: it has a NUL byte at offset %lu", static_cast<unsigned long>(nul));
+        return FormatText(" is not a description: it has a NUL byte at offset %lu",
+                          static_cast<unsigned long>(nul));
     }
     return std::nullopt;
 }

@@ -12,9 +12,9 @@ namespace VellariTool {
 
 /** What a description must hold at one place. */
 enum TRequirementForm : int {
-    rfText = 0,   ///< a field with any text, maybe empty
-    rfWhole = 1,  ///< a field with a whole number
-    rfNumber = 2, ///< a field with a number
+    rfText = 0,          ///< a field with any text, maybe empty
+    rfWhole = 1,         ///< a field with a whole number
+    rfNumber = 2,        ///< a field with a number
     rfNumberOrEmpty = 3, ///< a field with a number or with nothing, which counts as 0
     rfFactor = 4,        ///< a field with a number that isn't 0
     rfTree = 5,          ///< a subtree that meets requirements of its own

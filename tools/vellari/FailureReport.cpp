@@ -18,8 +18,8 @@ void TFailureReport::Add(std::uint64_t lineNumber, std::string_view line, std::s
     if (count > MostReports) {
         return;
     }
-    PrintMessage(name + FormatText(", line %llu: ", static_cast<unsigned long long>(lineNumber)) + reason + ", in " +
-                 Quoted(line));
+    PrintMessage(name + FormatText(", line %llu: ", static_cast<unsigned long long>(lineNumber)) + reason +
+                 ", in " + Quoted(line));
     if (count == MostReports) {
         PrintMessage("further lines are only counted");
     }
@@ -28,7 +28,8 @@ void TFailureReport::Add(std::uint64_t lineNumber, std::string_view line, std::s
 void TFailureReport::Finish(std::uint64_t points) const {
     if (count > 0) {
         PrintMessage(FormatText("%llu of %llu points could not be transformed",
-                                static_cast<unsigned long long>(count), static_cast<unsigned long long>(points)));
+                                static_cast<unsigned long long>(count),
+                                static_cast<unsigned long long>(points)));
     }
 }
 

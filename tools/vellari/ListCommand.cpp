@@ -36,7 +36,8 @@ int RunList(std::string const& pattern) {
         if (!MatchesPattern(entry.name, pattern) && !MatchesPattern(title, pattern)) {
             continue;
         }
-        rows.push_back({std::string(entry.name), KindName(KindOfDescription(entry.text)), std::string(title)});
+        rows.push_back(
+            {std::string(entry.name), KindName(KindOfDescription(entry.text)), std::string(title)});
         nameWidth = std::max(nameWidth, rows.back().name.size());
         kindWidth = std::max(kindWidth, rows.back().kind.size());
     }

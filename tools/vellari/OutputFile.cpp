@@ -8,8 +8,8 @@
 
 #include <cerrno>
 #include <climits>
-#include <cstdio>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 

@@ -17,8 +17,10 @@ constexpr double halfPi = 1.5707963267948966;
 
 } // namespace
 
-TPointOperation::TPointOperation(TShellReferenceSystem const& sourceSystem, TShellReferenceSystem const& targetSystem)
-    : source(sourceSystem), target(targetSystem),
+TPointOperation::TPointOperation(TShellReferenceSystem const& sourceSystem,
+                                 TShellReferenceSystem const& targetSystem)
+    : source(sourceSystem),
+      target(targetSystem),
       greatestLatitude(sourceSystem.IsLatLon()
                            ? (halfPi + latitudeTolerance) / sourceSystem.GetPlaneUnitCoefToBase()
                            : std::numeric_limits<double>::infinity()) {}
@@ -41,8 +43,8 @@ bool TPointOperation::Transform(TPoint* point, std::string* reason) const {
         return false;
     }
     if (!std::isfinite(coords[0]) || !std::isfinite(coords[1]) || !std::isfinite(coords[2])) {
-        *reason = FormatText("the transformation gave no finite numbers: %.9g, %.9g, %.9g", coords[0], coords[1],
-                             coords[2]);
+        *reason = FormatText("the transformation gave no finite numbers: %.9g, %.9g, %.9g", coords[0],
+                             coords[1], coords[2]);
         return false;
     }
     return true;

@@ -34,7 +34,8 @@ bool IsBareNumber(std::string_view field) {
 
 TPointReader::TPointReader(std::array<TAxisText, 3> const& axes) : axis(axes) {}
 
-TLineKind TPointReader::Read(std::string_view line, TPointFields* fields, TPoint* point, std::string* reason) {
+TLineKind TPointReader::Read(std::string_view line, TPointFields* fields, TPoint* point,
+                             std::string* reason) {
     if (IsBlankLine(line)) {
         return lkBlank;
     }
@@ -87,7 +88,8 @@ bool TPointReader::ReadPlane(TPointFields const& fields, TSeparator candidate, d
         }
         return false;
     }
-    return axis[0].Parse(fields.field[0], &plane[0], reason) && axis[1].Parse(fields.field[1], &plane[1], reason);
+    return axis[0].Parse(fields.field[0], &plane[0], reason) &&
+           axis[1].Parse(fields.field[1], &plane[1], reason);
 }
 
 bool TPointReader::ReadPoint(TPointFields const& fields, TPoint* point, std::string* reason) const {
@@ -144,7 +146,8 @@ void TPointWriter::AppendPoint(std::string* text, TSeparator separator, bool wit
     *text += '\n';
 }
 
-void TPointWriter::AppendMark(std::string* text, TSeparator separator, bool withHeight, std::string_view rest) {
+void TPointWriter::AppendMark(std::string* text, TSeparator separator, bool withHeight,
+                              std::string_view rest) {
     AppendEmptyField(text, separator);
     *text += static_cast<char>(separator);
     AppendEmptyField(text, separator);

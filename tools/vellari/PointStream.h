@@ -42,7 +42,8 @@ public:
     bool HasHeightColumn() const { return hasHeightColumn; }
 
 private:
-    bool ReadPlane(TPointFields const& fields, TSeparator candidate, double* plane, std::string* reason) const;
+    bool ReadPlane(TPointFields const& fields, TSeparator candidate, double* plane,
+                   std::string* reason) const;
     bool ReadPoint(TPointFields const& fields, TPoint* point, std::string* reason) const;
     std::string ExplainSeparator(std::string_view line) const;
     bool FindSeparator(std::string_view line);

@@ -79,18 +79,25 @@ void AddTransform(CLI::App* app, TChoice* choice) {
     CLI::App* const command = app->add_subcommand("transform", "Move points from one system to another");
     TTransformOptions* const options = &choice->transform;
     command->add_option("SOURCE", options->source, "catalogue entry or description file of the points")
-        ->required()->type_name("");
+        ->required()
+        ->type_name("");
     command->add_option("TARGET", options->target, "catalogue entry or description file of the result")
-        ->required()->type_name("");
-    command->add_option("POINTS", options->points, "CSV file of points; standard input without it")->type_name("");
-    command->add_option("-o,--output", options->output, "write here, complete or not at all")->type_name("FILE");
-    AddPrecision(command, "-p,--precision", &options->precision.all,
-                 "decimals of all coordinates (of seconds in sexagesimal notations); default: those of the units");
+        ->required()
+        ->type_name("");
+    command->add_option("POINTS", options->points, "CSV file of points; standard input without it")
+        ->type_name("");
+    command->add_option("-o,--output", options->output, "write here, complete or not at all")
+        ->type_name("FILE");
+    AddPrecision(
+        command, "-p,--precision", &options->precision.all,
+        "decimals of all coordinates (of seconds in sexagesimal notations); default: those of the units");
     AddPrecision(command, "--height-precision", &options->precision.height, "decimals of heights alone");
     command->add_option("--on-error", choice->onError, "a line that fails: mark (default), skip or stop")
-        ->check(CLI::IsMember(Names(onErrorModes)))->type_name("MODE");
+        ->check(CLI::IsMember(Names(onErrorModes)))
+        ->type_name("MODE");
     command->add_option("--header", choice->header, "a header: auto (default, as the input), always or never")
-        ->check(CLI::IsMember(Names(headerModes)))->type_name("MODE");
+        ->check(CLI::IsMember(Names(headerModes)))
+        ->type_name("MODE");
     command->callback([choice, options] {
         options->onError = ValueOf(onErrorModes, choice->onError);
         options->header = ValueOf(headerModes, choice->header);
@@ -101,11 +108,11 @@ void AddTransform(CLI::App* app, TChoice* choice) {
 void AddShow(CLI::App* app, TChoice* choice) {
     CLI::App* const command = app->add_subcommand("show", "Tell what a system is");
     command->add_option("SYSTEM", choice->showSystem, "catalogue entry or description file")
-        ->required()->type_name("");
+        ->required()
+        ->type_name("");
     command->add_option("--as", choice->showFormat, ShowFormatsText())->type_name("FORMAT");
-    command->callback([choice] {
-        choice->command = [choice] { return RunShow(choice->showSystem, choice->showFormat); };
-    });
+    command->callback(
+        [choice] { choice->command = [choice] { return RunShow(choice->showSystem, choice->showFormat); }; });
 }
 
 void AddList(CLI::App* app, TChoice* choice) {
@@ -122,7 +129,8 @@ void AddUnits(CLI::App* app, TChoice* choice) {
     command->add_option("--from", options->from, "unit of the value")->required()->type_name("UNIT");
     command->add_option("--to", options->to, "unit of the result")->required()->type_name("UNIT");
     AddPrecision(command, "-p,--precision", &options->precision, "decimals; default: those of the unit");
-    command->add_option("--axis", options->axis, "latitude or longitude, for hemisphere letters")->type_name("AXIS");
+    command->add_option("--axis", options->axis, "latitude or longitude, for hemisphere letters")
+        ->type_name("AXIS");
     command->callback([choice, options] { choice->command = [options] { return RunUnits(*options); }; });
 }
 
@@ -185,7 +193,8 @@ int Run(int count, char const* const* arguments) {
     CLI::App app("Coordinates from one reference system to another", "vellari");
     app.require_subcommand(1);
     app.set_version_flag("--version", "vellari " VELLARI_VERSION);
-    app.add_option("--language", choice.language, "language of the library's texts: en or ru")->type_name("LANGUAGE");
+    app.add_option("--language", choice.language, "language of the library's texts: en or ru")
+        ->type_name("LANGUAGE");
     app.footer("`vellari help TOPIC` explains: " + HelpTopicNames());
     AddTransform(&app, &choice);
     AddShow(&app, &choice);

@@ -28,7 +28,8 @@ std::string ShowXml(TLoadedSystem const& loaded) {
     tree.ReadFromString(loaded.text.c_str(), nullptr, nullptr);
     VellariHostKit::TXmlIniWriter writer;
     if (!tree.WriteToXML(&writer)) {
-        throw TToolError(loaded.name + ": the description has no XML form: it holds bytes that XML cannot hold");
+        throw TToolError(loaded.name +
+                         ": the description has no XML form: it holds bytes that XML cannot hold");
     }
     return writer.ToString();
 }

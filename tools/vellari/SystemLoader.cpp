@@ -110,8 +110,9 @@ TLoadedSystem BuildSystem(std::string const& name, std::string text, TSystemUse 
     if (!loaded.system || use == suTransform) {
         if (std::optional<std::string> const mistake = FindDescriptionMistake(tree, use)) {
             std::optional<int> const line = FindLineIndentedWithBlanks(text);
-            throw TToolError(name + *mistake +
-                             (line ? FormatText("; line %d is indented with blanks, but only TABs count", *line) : ""));
+            throw TToolError(
+                name + *mistake +
+                (line ? FormatText("; line %d is indented with blanks, but only TABs count", *line) : ""));
         }
     }
     if (!loaded.system) {

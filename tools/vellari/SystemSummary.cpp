@@ -55,14 +55,14 @@ struct TShiftTexts {
 
 template <class TShift>
 TShiftTexts TextsOf(TShift const& shift) {
-    return {{&shift.ShiftX, &shift.ShiftY, &shift.ShiftZ, &shift.RotationX, &shift.RotationY, &shift.RotationZ,
-             &shift.ScaleDifference},
+    return {{&shift.ShiftX, &shift.ShiftY, &shift.ShiftZ, &shift.RotationX, &shift.RotationY,
+             &shift.RotationZ, &shift.ScaleDifference},
             {shift.LinearUnit, shift.LinearUnit, shift.LinearUnit, shift.AngularUnit, shift.AngularUnit,
              shift.AngularUnit, shift.ScaleUnit}};
 }
 
 void AddShift(TFacts* facts, TShiftTexts const& texts, int count) {
-    constexpr char const* labels[] = {"  shift X",    "  shift Y",    "  shift Z", "  rotation X",
+    constexpr char const* labels[] = {"  shift X",    "  shift Y",    "  shift Z",         "  rotation X",
                                       "  rotation Y", "  rotation Z", "  scale difference"};
     for (int i = 0; i < count; ++i) {
         std::string const number = texts.text[i]->empty() ? "0" : *texts.text[i];
@@ -75,9 +75,11 @@ void AddDatum(TFacts* facts, TShellReferenceSystem const& system) {
     TShellDatumShift const* const shift = system.DatumShift;
     if (auto const* const three = dynamic_cast<TShellMolodenskyDatumShift const*>(shift)) {
         facts->Add("shift to WGS 84", "three parameters");
-        AddShift(facts, {{&three->ShiftX, &three->ShiftY, &three->ShiftZ, nullptr, nullptr, nullptr, nullptr},
-                         {three->LinearUnit, three->LinearUnit, three->LinearUnit, nullptr, nullptr, nullptr, nullptr}},
-                 3);
+        AddShift(
+            facts,
+            {{&three->ShiftX, &three->ShiftY, &three->ShiftZ, nullptr, nullptr, nullptr, nullptr},
+             {three->LinearUnit, three->LinearUnit, three->LinearUnit, nullptr, nullptr, nullptr, nullptr}},
+            3);
     } else if (auto const* const vector = dynamic_cast<TShellBursaWolfDatumShift const*>(shift)) {
         facts->Add("shift to WGS 84", std::string("seven parameters, position vector rotation") +
                                           (vector->NonLinear ? ", exact" : ""));

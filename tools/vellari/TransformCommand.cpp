@@ -57,9 +57,14 @@ private:
 class TTransformRun {
 public:
     TTransformRun(TTransformOptions const& chosen, TLoadedSystem const& source, TLoadedSystem const& target)
-        : options(chosen), operation(*source.system, *target.system), reader(AxisTexts(*source.system, {})),
-          writer(AxisTexts(*target.system, chosen.precision)), input(chosen.points), output(chosen.output),
-          report(input.Name()), progress(input) {}
+        : options(chosen),
+          operation(*source.system, *target.system),
+          reader(AxisTexts(*source.system, {})),
+          writer(AxisTexts(*target.system, chosen.precision)),
+          input(chosen.points),
+          output(chosen.output),
+          report(input.Name()),
+          progress(input) {}
 
     /** @return the exit status. */
     int Run() {

@@ -49,9 +49,11 @@ constexpr TUnitRow unitRows[] = {
     {"second", utAngular, 5, pi, "648000", 9104, "1/3600 degree"},
     {"grad", utAngular, 3, pi, "200", 9105, "1/400 of a turn"},
     {"dms", utAngular, anDegreeMinuteSecond, pi, "180", 9107, "degrees, minutes, seconds: -55 45 07.2"},
-    {"dms-hemisphere", utAngular, anDegreeMinuteSecondHemisphere, pi, "180", 9108, "the same with a letter: 55 45 07.2 S"},
-    {"sexagesimal", utAngular, anSexagesimalDegree, pi, "180", 9110, "packed degrees.MMSSsss: 55.45072"},
-    {"decimal-minutes", utAngular, anDegreeDecimalMinute, pi, "180", 9111, "packed degrees.MMmmm: 55.4512"},
+    {"dms-hemisphere", utAngular, anDegreeMinuteSecondHemisphere, pi, "180", 9108,
+     "the same with a letter: 55 45 07.2 S"},
+    {"sexagesimal", utAngular, anSexagesimalDegree, pi, "180", 9110, "packed degrees.MMSSsss: 55.450720"},
+    {"decimal-minutes", utAngular, anDegreeDecimalMinute, pi, "180", 9111,
+     "packed degrees.MMm: 55.451 for 55 45.1"},
 };
 
 /** Other spellings of a unit. */
@@ -61,12 +63,29 @@ struct TUnitAlias {
 };
 
 constexpr TUnitAlias aliases[] = {
-    {"m", "metre"},         {"meter", "metre"},         {"km", "kilometre"},       {"kilometer", "kilometre"},
-    {"cm", "centimetre"},   {"centimeter", "centimetre"}, {"mm", "millimetre"},    {"millimeter", "millimetre"},
-    {"ft", "foot"},         {"feet", "foot"},           {"us-ft", "us-foot"},      {"yd", "yard"},
-    {"mi", "mile"},         {"nm", "nautical-mile"},    {"deg", "degree"},         {"degrees", "degree"},
-    {"rad", "radian"},      {"radians", "radian"},      {"gon", "grad"},           {"grads", "grad"},
-    {"min", "minute"},      {"sec", "second"},          {"dmsh", "dms-hemisphere"},
+    {"m", "metre"},
+    {"meter", "metre"},
+    {"km", "kilometre"},
+    {"kilometer", "kilometre"},
+    {"cm", "centimetre"},
+    {"centimeter", "centimetre"},
+    {"mm", "millimetre"},
+    {"millimeter", "millimetre"},
+    {"ft", "foot"},
+    {"feet", "foot"},
+    {"us-ft", "us-foot"},
+    {"yd", "yard"},
+    {"mi", "mile"},
+    {"nm", "nautical-mile"},
+    {"deg", "degree"},
+    {"degrees", "degree"},
+    {"rad", "radian"},
+    {"radians", "radian"},
+    {"gon", "grad"},
+    {"grads", "grad"},
+    {"min", "minute"},
+    {"sec", "second"},
+    {"dmsh", "dms-hemisphere"},
 };
 
 /** @return the row of a unit. @throws TToolError for an unknown one. */
@@ -179,7 +198,8 @@ std::string ConvertAngle(TUnitsOptions const& options, TUnitRow const& from, TUn
         value = isLongitude ? source->StringToValueLongitude(text) : source->StringToValueLatitude(text);
     }
     if (NotationOf(*target) == snHemisphere && !axis) {
-        throw TToolError("an angle with a hemisphere letter needs its axis: --axis latitude or --axis longitude");
+        throw TToolError(
+            "an angle with a hemisphere letter needs its axis: --axis latitude or --axis longitude");
     }
     source->Convert(*target, &value);
     if (NotationOf(*target) != snNone && std::fabs(value) > 360) {
@@ -214,7 +234,7 @@ std::string UnitsTable() {
     for (TUnitRow const& row : unitRows) {
         std::string line = std::string("  ") + row.name;
         line.append(18 - std::min<std::size_t>(line.size(), 17), ' ');
-        line += std::string(KindText(row.type)) + "  " + row.explanation;
+        line += std::string(row.type == utLinear ? "length  " : "angle   ") + row.explanation;
         for (TUnitAlias const& other : aliases) {
             line += std::string_view(other.name) == row.name ? std::string(", ") + other.alias : "";
         }
