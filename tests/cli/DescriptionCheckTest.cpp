@@ -240,6 +240,16 @@ TEST(DescriptionCheck, ATextThatIsNoNumberIsShown) {
                 HasSubstr("the text \"0\" where a number other than 0 is needed"));
 }
 
+TEST(DescriptionCheck, AnUnknownFormOfTheShiftCanBeShownAndNotUsed) {
+    // The library takes such a shift for none, so points would stay where they are without a word.
+    std::string const text =
+        Replaced(CatalogText("pulkovo-1942"), "(5701,0)[1]type\t3", "(5701,0)[1]type\t4");
+    EXPECT_EQ(MessageOf(text, suShow), "");
+    EXPECT_THAT(MessageOf(text),
+                HasSubstr("in field (5701,0), the form of the datum shift, the text \"4\" where 1, 2 "
+                          "or 3 is needed"));
+}
+
 TEST(DescriptionCheck, AKindThatIsNotAvailableIsNamed) {
     EXPECT_EQ(MessageOf(Replaced(CatalogText("wgs-84"), "(1100,0)[1]type\t4", "(1100,0)[1]type\t9")),
               "my.txt: field (1100,0), the kind of the system, is 9; kinds are 1 to 6");

@@ -14,29 +14,35 @@ using namespace KvRefSystem;
 
 // --- Conditions ------------------------------------------------------------------------------------------------------
 
+/** @return the whole number of a field, or `fallback` without one. */
 int WholeOr(TStringTree const& tree, int tag, int fallback) {
     int value = fallback;
     tree.GetInteger(tag, 0, &value);
     return value;
 }
 
+/** @return whether the second value of the ellipsoid is its inverse flattening. */
 bool HasFlattening(TStringTree const& ellipsoid) {
     return WholeOr(ellipsoid, 5114, 0) != 0;
 }
 
+/** @return whether it is its semi-minor axis: neither a flattening nor a sphere. */
 bool HasMinorAxis(TStringTree const& ellipsoid) {
     return !HasFlattening(ellipsoid) && WholeOr(ellipsoid, 5115, 0) == 0;
 }
 
+/** @return the number of the datum shift's form; 0 without one. */
 int ShiftForm(TStringTree const& shift) {
     TStringTree const* const form = shift.FindSubtree(5443, 0);
     return form ? WholeOr(*form, 5701, 0) : 0;
 }
 
+/** @return whether the shift has a form that the library builds; other shifts count as none. */
 bool HasKnownForm(TStringTree const& shift) {
     return ShiftForm(shift) >= dstMolodensky && ShiftForm(shift) <= dstBursaWolfInvRot;
 }
 
+/** @return whether the shift has seven parameters. */
 bool HasRotations(TStringTree const& shift) {
     return ShiftForm(shift) == dstBursaWolf || ShiftForm(shift) == dstBursaWolfInvRot;
 }
@@ -48,24 +54,29 @@ bool IsPlainUnit(TStringTree const& unit) {
            code != anSexagesimalDegree && code != anDegreeDecimalMinute;
 }
 
+/** @return whether its rotations are plain numbers. */
 bool HasPlainRotations(TStringTree const& shift) {
     TStringTree const* const unit = shift.FindSubtree(5441, 0);
     return HasRotations(shift) && unit && IsPlainUnit(*unit);
 }
 
+/** @return whether the prime meridian's longitude is a plain number. */
 bool HasPlainLongitude(TStringTree const& meridian) {
     TStringTree const* const unit = meridian.FindSubtree(5211, 0);
     return IsPlainUnit(unit ? *unit : meridian);
 }
 
+/** @return whether the system has a datum, whose ellipsoid then counts. */
 bool HasDatum(TStringTree const& system) {
     return system.FindSubtree(1107, 0) != nullptr;
 }
 
+/** @return the opposite, where the ellipsoid stands alone. */
 bool HasNoDatum(TStringTree const& system) {
     return !HasDatum(system);
 }
 
+/** @return whether there is a prime meridian; without one it is Greenwich. */
 bool HasPrimeMeridian(TStringTree const& system) {
     return system.FindSubtree(1101, 0) != nullptr;
 }
@@ -105,7 +116,7 @@ constexpr TRequirement meridianRows[] = {
 };
 
 constexpr TRequirement shiftFormRows[] = {
-    {5701, rfWhole, "the form of the datum shift", suTransform},
+    {5701, rfShiftForm, "the form of the datum shift", suTransform},
 };
 
 constexpr TRequirement shiftRows[] = {
@@ -156,6 +167,7 @@ constexpr TKindRow kinds[] = {
 
 // --- The walk --------------------------------------------------------------------------------------------------------
 
+/** @return "(1107,0)". */
 std::string Pair(int tag) {
     return FormatText("(%d,0)", tag);
 }
@@ -186,6 +198,8 @@ bool IsUsable(TRequirement const& row, std::string const& text) {
         return text.find_first_not_of(" \t") == std::string::npos || ParseWholeDouble(text, &number);
     case rfFactor:
         return ParseWholeDouble(text, &number) && number != 0.0;
+    case rfShiftForm:
+        return ParseWholeInt(text, &whole) && whole >= dstMolodensky && whole <= dstBursaWolfInvRot;
     case rfText:
     case rfTree:
     case rfTreeOrHere:
@@ -194,20 +208,25 @@ bool IsUsable(TRequirement const& row, std::string const& text) {
     return true;
 }
 
+/** @return what a field of that form needs. */
 char const* WantedText(TRequirementForm form) {
     switch (form) {
     case rfWhole:
         return "a whole number";
     case rfFactor:
         return "a number other than 0";
+    case rfShiftForm:
+        return "1, 2 or 3";
     default:
         return "a number";
     }
 }
 
+/** @return what is wrong with the first of the rows that isn't met. */
 std::optional<std::string> FindMistake(TPlace const& place, std::span<TRequirement const> rows,
                                        TSystemUse use);
 
+/** @return what is wrong with a field: that it is missing, or its text. */
 std::optional<std::string> FindFieldMistake(TPlace const& place, TRequirement const& row) {
     std::string text;
     if (!place.tree->GetString(row.tag, 0, &text)) {
@@ -220,6 +239,7 @@ std::optional<std::string> FindFieldMistake(TPlace const& place, TRequirement co
     return std::nullopt;
 }
 
+/** @return what is wrong with a subtree: that it is missing, or something inside. */
 std::optional<std::string> FindTreeMistake(TPlace const& place, TRequirement const& row, TSystemUse use) {
     if (TStringTree const* const child = place.tree->FindSubtree(row.tag, 0)) {
         return FindMistake(place.Below(child), row.inside, use);
@@ -264,7 +284,7 @@ std::span<TRequirement const> RequirementsOf(int kind) {
 }
 
 std::optional<std::string> FindTextMistake(std::string_view text) {
-    std::size_t const first = text.find_first_not_of("\t");
+    std::size_t const first = text.find_first_not_of('\t');
     if (first == std::string_view::npos) {
         return " is not a description: it is empty";
     }

@@ -17,8 +17,9 @@ enum TRequirementForm : int {
     rfNumber = 2,        ///< a field with a number
     rfNumberOrEmpty = 3, ///< a field with a number or with nothing, which counts as 0
     rfFactor = 4,        ///< a field with a number that isn't 0
-    rfTree = 5,          ///< a subtree that meets requirements of its own
-    rfTreeOrHere = 6,    ///< the same, or its fields stand directly here
+    rfShiftForm = 5,     ///< a field with 1, 2 or 3; with another form there is no shift at all
+    rfTree = 6,          ///< a subtree that meets requirements of its own
+    rfTreeOrHere = 7,    ///< the same, or its fields stand directly here
 };
 
 /** One row: what a tree must hold. Rows of a kind are in the order in which they are looked for. */

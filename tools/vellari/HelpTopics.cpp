@@ -96,6 +96,7 @@ A reader of the output that goes away early, as head does, is no error.
 )"},
 };
 
+/** @return the topics, one a line. */
 std::string TopicList() {
     std::string text = "Topics:\n";
     for (THelpTopic const& topic : helpTopics) {

@@ -20,6 +20,7 @@ struct TListRow {
     std::string title;
 };
 
+/** Appends a text and blanks up to the next column. */
 void AppendColumn(std::string* line, std::string const& text, std::size_t width) {
     *line += text;
     line->append(width - text.size() + 2, ' ');

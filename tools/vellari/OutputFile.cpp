@@ -32,6 +32,7 @@ void RemoveUnfinished(int signal) {
     std::raise(signal);
 }
 
+/** Has the file taken away when a signal ends the process. */
 void WatchSignals(std::string const& path) {
     if (path.size() >= sizeof(unfinishedPath)) {
         return;
@@ -57,6 +58,7 @@ std::string FollowLink(std::string const& path) {
     return result;
 }
 
+/** @return the permissions of a new file, as the umask leaves them. */
 mode_t DefaultMode() {
     mode_t const mask = umask(0);
     umask(mask);

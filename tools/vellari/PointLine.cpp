@@ -4,6 +4,7 @@ namespace VellariTool {
 
 namespace {
 
+/** Blanks of a line. */
 constexpr bool IsBlank(char byte) {
     return byte == ' ' || byte == '\t';
 }
@@ -22,6 +23,7 @@ std::string_view Bare(std::string_view field) {
     return field;
 }
 
+/** Takes a line apart at runs of blanks. */
 TPointFields SplitAtBlanks(std::string_view line) {
     TPointFields fields;
     std::size_t position = 0;

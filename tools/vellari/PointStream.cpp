@@ -6,6 +6,7 @@ namespace VellariTool {
 
 namespace {
 
+/** Appends what shows an empty field with that separator. */
 void AppendEmptyField(std::string* text, TSeparator separator) {
     if (separator == sepBlanks) {
         text->append(emptyFieldAmongBlanks);

@@ -75,6 +75,7 @@ CLI::Option* AddPrecision(CLI::App* command, std::string const& name, std::optio
     return command->add_option(name, *value, description)->check(CLI::Range(0, mostDecimals))->type_name("N");
 }
 
+/** Adds `transform`. */
 void AddTransform(CLI::App* app, TChoice* choice) {
     CLI::App* const command = app->add_subcommand("transform", "Move points from one system to another");
     TTransformOptions* const options = &choice->transform;
@@ -105,6 +106,7 @@ void AddTransform(CLI::App* app, TChoice* choice) {
     });
 }
 
+/** Adds `show`. */
 void AddShow(CLI::App* app, TChoice* choice) {
     CLI::App* const command = app->add_subcommand("show", "Tell what a system is");
     command->add_option("SYSTEM", choice->showSystem, "catalogue entry or description file")
@@ -115,6 +117,7 @@ void AddShow(CLI::App* app, TChoice* choice) {
         [choice] { choice->command = [choice] { return RunShow(choice->showSystem, choice->showFormat); }; });
 }
 
+/** Adds `list`. */
 void AddList(CLI::App* app, TChoice* choice) {
     CLI::App* const command = app->add_subcommand("list", "List the catalogue");
     command->add_option("PATTERN", choice->listPattern, "part of a name or title, or a pattern with * and ?")
@@ -122,6 +125,7 @@ void AddList(CLI::App* app, TChoice* choice) {
     command->callback([choice] { choice->command = [choice] { return RunList(choice->listPattern); }; });
 }
 
+/** Adds `units`. */
 void AddUnits(CLI::App* app, TChoice* choice) {
     CLI::App* const command = app->add_subcommand("units", "Convert a length or an angle");
     TUnitsOptions* const options = &choice->units;
@@ -134,6 +138,7 @@ void AddUnits(CLI::App* app, TChoice* choice) {
     command->callback([choice, options] { choice->command = [options] { return RunUnits(*options); }; });
 }
 
+/** Adds `help`. */
 void AddHelp(CLI::App* app, TChoice* choice) {
     CLI::App* const command = app->add_subcommand("help", "Explain a topic: " + HelpTopicNames());
     command->add_option("TOPIC", choice->topic, "topic; without it the list of topics")->type_name("");

@@ -14,10 +14,12 @@ constexpr std::size_t longestText = 127;
 constexpr std::size_t mostDegreeDigits = 9;
 constexpr std::size_t mostSecondFractionDigits = 9;
 
+/** ASCII digits only, whatever the locale. */
 constexpr bool IsDigit(char byte) {
     return byte >= '0' && byte <= '9';
 }
 
+/** @return whether the byte is one of the set. */
 bool Contains(std::string_view set, char byte) {
     return set.find(byte) != std::string_view::npos;
 }
@@ -54,6 +56,7 @@ bool ReadParts(std::string_view text, TParts* parts) {
     return parts->count > 0;
 }
 
+/** Checks the numbers, without a sign or letter of the hemisphere. */
 std::string FindMistakeInParts(std::string_view text) {
     TParts parts;
     if (text.size() > longestText || !ReadParts(text, &parts)) {
@@ -65,6 +68,7 @@ std::string FindMistakeInParts(std::string_view text) {
     return "";
 }
 
+/** Checks the notation with a minus sign. */
 std::string FindMistakeWithSign(std::string_view text) {
     if (!text.empty() && Contains("NSEW", text.back())) {
         return "ends with a letter, which this notation does not read; the sign stands in front, as -55 45 "
@@ -81,6 +85,7 @@ std::string FindMistakeWithSign(std::string_view text) {
     return FindMistakeInParts(text);
 }
 
+/** Checks the notation with a hemisphere letter. */
 std::string FindMistakeWithLetter(std::string_view text, bool isLongitude) {
     std::string_view const letters = isLongitude ? "EW" : "NS";
     std::string const example = isLongitude ? "37 36 56.4 E" : "55 45 07.2 N";
@@ -99,6 +104,7 @@ std::string FindMistakeWithLetter(std::string_view text, bool isLongitude) {
     return FindMistakeInParts(text);
 }
 
+/** Checks the two notations of one packed number. */
 std::string FindMistakeInPacked(std::string_view text, bool hasSeconds) {
     std::string const example = hasSeconds ? "55.450720 for 55 45 07.20" : "55.455 for 55 45.5";
     bool const isNegative = !text.empty() && text.front() == '-';

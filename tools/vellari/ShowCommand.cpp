@@ -46,6 +46,7 @@ constexpr TShowFormat showFormats[] = {
     {"xml", ShowXml},
 };
 
+/** @return the names of all formats, with commas. */
 std::string FormatNames() {
     std::string names;
     for (TShowFormat const& format : showFormats) {

@@ -39,6 +39,7 @@ private:
     int file;
 };
 
+/** Names the entries that may have been meant. */
 [[noreturn]] void FailNoSuchSystem(std::string const& nameOrPath) {
     std::string message = Quoted(nameOrPath) + " is neither a description file nor an entry of the catalogue";
     std::vector<std::string> const similar = SimilarCatalogEntries(nameOrPath);
@@ -48,6 +49,7 @@ private:
     throw TToolError(message + (similar.empty() ? "; `vellari list` shows the entries" : ""));
 }
 
+/** @return the bytes of a description file. @throws TToolError when there is none or it can't be read. */
 std::string ReadDescription(std::string const& path) {
     TDescriptor const file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.Get() < 0 && errno == ENOENT) {

@@ -61,6 +61,7 @@ TShiftTexts TextsOf(TShift const& shift) {
              shift.AngularUnit, shift.ScaleUnit}};
 }
 
+/** Adds the first `count` parameters of a shift. */
 void AddShift(TFacts* facts, TShiftTexts const& texts, int count) {
     constexpr char const* labels[] = {"  shift X",    "  shift Y",    "  shift Z",         "  rotation X",
                                       "  rotation Y", "  rotation Z", "  scale difference"};
@@ -70,6 +71,7 @@ void AddShift(TFacts* facts, TShiftTexts const& texts, int count) {
     }
 }
 
+/** Adds the datum's name and its shift. */
 void AddDatum(TFacts* facts, TShellReferenceSystem const& system) {
     facts->Add("datum", system.DatumName);
     TShellDatumShift const* const shift = system.DatumShift;
@@ -93,6 +95,7 @@ void AddDatum(TFacts* facts, TShellReferenceSystem const& system) {
     }
 }
 
+/** Adds the ellipsoid as it was given, and its axes in metres. */
 void AddEllipsoid(TFacts* facts, TShellReferenceSystem const& system) {
     TShellEllipsoid const* const ellipsoid = system.Ellipsoid;
     if (!ellipsoid) {
@@ -110,6 +113,7 @@ void AddEllipsoid(TFacts* facts, TShellReferenceSystem const& system) {
     }
 }
 
+/** Adds the codes of registers. */
 void AddCodes(TFacts* facts, TShellReferenceSystem const& system) {
     facts->Add("EPSG code", system.GeoTIFFCode);
     facts->Add("EPSG code of datum", system.DatumGeoTIFFCode);

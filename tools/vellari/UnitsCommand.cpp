@@ -125,6 +125,7 @@ void FillUnitTree(TUnitRow const& row, TStringTree* tree) {
     tree->InsertInteger("epsg", row.type == utLinear ? 102002 : 102003, 0, row.epsg);
 }
 
+/** @return "length" or "angle". */
 char const* KindText(int type) {
     return type == utLinear ? "length" : "angle";
 }
@@ -151,10 +152,12 @@ std::optional<bool> FindAxis(TUnitsOptions const& options) {
     return std::nullopt;
 }
 
+/** Names the value and what is wrong with it. */
 [[noreturn]] void FailValue(TUnitsOptions const& options, std::string const& problem) {
     throw TToolError("value " + Quoted(options.value, 40) + " " + problem);
 }
 
+/** @return the value as a plain number. @throws TToolError for another text. */
 double ReadPlain(TUnitsOptions const& options) {
     double value = 0;
     if (!ParseWholeDouble(options.value, &value) || !std::isfinite(value)) {
@@ -163,6 +166,7 @@ double ReadPlain(TUnitsOptions const& options) {
     return value;
 }
 
+/** @return the length in the second unit. */
 std::string ConvertLength(TUnitsOptions const& options, TUnitRow const& from, TUnitRow const& to) {
     TStringTree fromTree;
     TStringTree toTree;
@@ -175,6 +179,7 @@ std::string ConvertLength(TUnitsOptions const& options, TUnitRow const& from, TU
     return target.ValueToString(value, options.precision.value_or(target.Precision));
 }
 
+/** @return the angle in the second unit. */
 std::string ConvertAngle(TUnitsOptions const& options, TUnitRow const& from, TUnitRow const& to) {
     TStringTree fromTree;
     TStringTree toTree;
