@@ -7,6 +7,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <map>
+#include <memory>
+#include <string>
 
 namespace KvRefSystem {
 namespace {
@@ -16,7 +19,7 @@ using namespace TestSupport;
 using TBase = TShellReferenceSystem;
 using TKeys = std::map<int, std::string>;
 
-/** Slot of a virtual operation in the table: a pointer to it holds 1 plus the offset [Itanium C++ ABI, 2.3]. */
+/** Slot of a virtual operation in the table: a pointer to it holds the offset plus 1 (Itanium ABI, 2.3). */
 template <class Operation>
 std::size_t SlotOf(Operation operation) {
     std::uintptr_t code = 0;
