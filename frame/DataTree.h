@@ -87,7 +87,8 @@ public:
 
     /**
      * Writes the field's line.
-     * @param buffer receives the text from `position` on; null only measures. @param level number of leading TABs.
+     * @param buffer receives the text from `position` on; null only measures. @param level number of
+     *         leading TABs.
      * @return the number of bytes; 0 for a field that is never persisted.
      */
     virtual unsigned long WriteToString(char* buffer, unsigned long position, unsigned long level) const;
@@ -95,7 +96,10 @@ public:
     /** Writes "tag", "idx", "hdr" and the section "data". @return false when a write failed. */
     virtual bool WriteToXML(TKvXIniWriter* writer) const;
 
-    /** Writes one value's text at `buffer + position`. @return its length; with a null buffer the length only. */
+    /**
+     * Writes one value's text at `buffer + position`.
+     * @return its length; with a null buffer the length only.
+     */
     virtual unsigned long ValueToString(unsigned long index, char* buffer, unsigned long position) const;
 
     /** @return one value as a plain text. */
@@ -109,8 +113,9 @@ public:
 
     /**
      * Reads the field's line; a text that ends early ends the field with what it has.
-     * @param position offset of the "(" of the line; set past its LF, or at the closing NUL. May be null for 0.
-     * @throws std::bad_alloc for a count that the rest of the text can't hold.
+     * @param position offset of the "(" of the line; set past its LF, or at the closing NUL. May be
+     *         null for 0.
+     * @throws std::bad_alloc for a count that is more than 16 above what is left of the text.
      */
     void ReadFromString(char const* text, unsigned long* position);
 
@@ -171,7 +176,10 @@ public:
     /** Appends a field of one value. @return false, changing nothing, when the pair is taken. */
     bool InsertField(std::string label, int fieldTag, int fieldIdx, T const& value);
 
-    /** Appends a field with copies of `count` values. @return false, changing nothing, when the pair is taken. */
+    /**
+     * Appends a field with copies of `count` values.
+     * @return false, changing nothing, when the pair is taken.
+     */
     bool InsertField(std::string label, int fieldTag, int fieldIdx, T* source, unsigned long valueCount);
 
     /** Appends an empty subtree. @return false, changing nothing, when the pair is taken. */
@@ -183,7 +191,10 @@ public:
     /** Ends the first subtree with that pair, with all that it holds, if there is one. */
     void DeleteSubtree(int subtreeTag, int subtreeIdx);
 
-    /** Appends the idx of each subtree with that tag, in order; doesn't clear. @return how many were appended. */
+    /**
+     * Appends the idx of each subtree with that tag, in order; doesn't clear.
+     * @return how many were appended.
+     */
     unsigned long GetSubtreesIndexList(int subtreeTag, std::vector<int>* list) const;
 
     /** @return the largest idx of the subtrees with that tag plus 1, or 0 without one; gaps aren't reused. */
@@ -197,7 +208,8 @@ public:
 
     /**
      * Writes the text form, without a closing NUL.
-     * @param buffer receives the text from `position` on; null only measures. @param level number of leading TABs.
+     * @param buffer receives the text from `position` on; null only measures. @param level number of
+     *         leading TABs.
      * @return the number of bytes.
      */
     unsigned long WriteToString(char* buffer, unsigned long position, unsigned long level) const;
@@ -205,12 +217,15 @@ public:
     /**
      * Reads the text form into this empty tree; a text that ends early closes all open trees.
      * @param position offset of the tree's line, set past its closing line; null for 0.
-     * @throws std::bad_alloc for a count that the rest of the text can't hold, std::runtime_error for a nesting
-     *         deeper than `MaxTreeDepth`.
+     * @throws std::bad_alloc for a count more than 16 above what is left of the text, std::runtime_error for
+     *         a nesting deeper than `MaxTreeDepth`.
      */
     void ReadFromString(char const* text, unsigned long* position, TDataTree* enclosing);
 
-    /** Reads from the current section; `item` isn't used. @return false when something is missing; what was read stays. */
+    /**
+     * Reads from the current section; `item` isn't used.
+     * @return false when something is missing; what was read stays.
+     */
     bool ReadFromXML(TKvXIniReader* reader, unsigned long item, TDataTree* enclosing);
 
     TDataTree* parent;                ///< enclosing tree, null at the root; not owned

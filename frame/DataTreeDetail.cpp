@@ -10,7 +10,10 @@ namespace KvRefSystem::DataTreeDetail {
 
 namespace {
 
-/** A count may exceed the rest of the text by this many values: a text that was cut just behind it still reads. */
+/**
+ * A count may exceed the rest of the text by this many values: a text that was cut just behind it still
+ * reads.
+ */
 constexpr unsigned long CountSlack = 16;
 
 template <class Integer>
@@ -68,13 +71,11 @@ bool TNumberScan::Digits(TDigits* digits) {
         return false;
     }
     constexpr unsigned long Largest = std::numeric_limits<unsigned long>::max();
-    unsigned long magnitude = 0;
     for (; *at >= '0' && *at <= '9'; ++at) {
         auto const digit = static_cast<unsigned long>(*at - '0');
-        bool const fits = magnitude <= (Largest - digit) / 10;
-        magnitude = fits ? magnitude * 10 + digit : Largest;
+        digits->isClamped = digits->isClamped || digits->magnitude > (Largest - digit) / 10;
+        digits->magnitude = digits->isClamped ? Largest : digits->magnitude * 10 + digit;
     }
-    digits->magnitude = magnitude;
     return true;
 }
 
@@ -97,7 +98,7 @@ bool TNumberScan::Number(unsigned long* value) {
     if (!Digits(&digits)) {
         return false;
     }
-    *value = digits.negative ? 0 - digits.magnitude : digits.magnitude;
+    *value = digits.negative && !digits.isClamped ? 0 - digits.magnitude : digits.magnitude;
     return true;
 }
 

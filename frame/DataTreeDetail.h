@@ -68,6 +68,7 @@ public:
 private:
     struct TDigits {
         bool negative;
+        bool isClamped;
         unsigned long magnitude;
     };
     bool Digits(TDigits* digits);
@@ -82,8 +83,9 @@ unsigned long FindByte(char const* text, unsigned long offset, char stop);
 unsigned long PastByte(char const* text, unsigned long offset, char stop);
 
 /**
- * Bounds what one reading of a text may allocate for values: a count must fit into what is left of the text,
- * and all counts together into twice the text, so that many false counts don't add up. The bound grows with
+ * Bounds what one reading of a text may allocate for values: a count must fit into what is left of the text
+ * (16 more are allowed, so that a text that was cut behind a count still reads), and all counts together into
+ * twice the text, so that many false counts don't add up. The bound grows with
  * the part of the text that has been seen; nothing is looked at beyond that.
  *
  * The outermost reading of a text on a thread makes the scope; the readings of its children join it.

@@ -39,6 +39,9 @@ std::string_view NumberToken(std::string_view text) {
         return {};
     }
     text = text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+    if (text.back() == ')') {
+        return {}; // the standard's parsers take "nan(...)"
+    }
     bool const hasPlus = text.front() == '+';
     bool const hasSecondSign = text.size() > 1 && text[1] == '-';
     if (hasPlus && !hasSecondSign) {

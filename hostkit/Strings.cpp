@@ -126,7 +126,7 @@ double pow10(double exponent) {
 
 unsigned int crc32(unsigned int start, void const* data, unsigned long length) {
     if (!data) {
-        return start;
+        return 0;
     }
     // The length that zlib takes has 32 bits: longer data go in pieces.
     constexpr unsigned long longestPiece = 0x40000000;

@@ -169,15 +169,15 @@ template bool TKvXIniWriter::WriteS<std::string>(std::string const&, std::string
 
 namespace LumCommonUtils {
 
-bool WriteNonZeroInt(TKvXIniWriter* writer, std::string const& key, int value) {
+bool WriteNonZeroInt(TKvXIniWriter* writer, std::string key, int value) {
     return value == 0 || writer->WriteS<int>(key, value);
 }
 
-bool WriteNonNegativeInt(TKvXIniWriter* writer, std::string const& key, int value) {
+bool WriteNonNegativeInt(TKvXIniWriter* writer, std::string key, int value) {
     return value < 0 || writer->WriteS<int>(key, value);
 }
 
-bool WriteNotEmptyString(TKvXIniWriter* writer, std::string const& key, std::string const& value) {
+bool WriteNotEmptyString(TKvXIniWriter* writer, std::string key, std::string value) {
     return value.empty() || writer->WriteS<std::string>(key, value);
 }
 

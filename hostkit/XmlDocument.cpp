@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <stdexcept>
+#include <unordered_set>
 #include <utility>
 
 #include <pugixml.hpp>
@@ -74,6 +76,12 @@ bool IsKnownReference(std::string_view text) {
     return IsXmlCharacter(code);
 }
 
+void CheckReference(ParsedDocument const& document, std::size_t offset) {
+    if (!IsKnownReference(std::string_view(document.text).substr(offset, 64))) {
+        Refuse(document, offset, "an \"&\" that doesn't begin a known reference; a plain one is \"&amp;\"");
+    }
+}
+
 /** Parts of a document in which `&` is an ordinary character. */
 struct OpaquePart {
     std::string_view begin;
@@ -82,29 +90,86 @@ struct OpaquePart {
 
 constexpr OpaquePart opaqueParts[] = {{"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
 
-void CheckReferences(ParsedDocument const& document) {
+/** Refuses what a part of the document must not hold and the parser lets pass. */
+void CheckPart(ParsedDocument const& document, std::size_t offset, std::string_view part) {
+    constexpr std::string_view comment = "<!--";
+    constexpr std::string_view declaration = "<?xml";
+    if (part.substr(0, comment.size()) == comment) {
+        std::size_t const dashes = part.find("--", comment.size());
+        if (dashes + 3 != part.size()) {
+            Refuse(document, offset + dashes, "\"--\" inside of a comment");
+        }
+    }
+    bool const isDeclaration = part.size() > declaration.size() &&
+                               part.substr(0, declaration.size()) == declaration &&
+                               std::strchr("? \t\r\n", part[declaration.size()]) != nullptr;
+    if (isDeclaration && offset != 0) {
+        Refuse(document, offset, "an XML declaration that isn't the beginning of the document");
+    }
+}
+
+/** @return the offset behind the tag that begins at `offset`. */
+std::size_t CheckTag(ParsedDocument const& document, std::size_t offset) {
     std::string_view const text = document.text;
-    for (std::size_t offset = text.find_first_of("<&"); offset != std::string_view::npos;
-         offset = text.find_first_of("<&", offset)) {
+    char quote = '\0';
+    for (++offset; offset < text.size(); ++offset) {
+        char const byte = text[offset];
+        if (byte == '<') {
+            Refuse(document, offset, "a \"<\" inside of a tag; in a value it is \"&lt;\"");
+        }
+        if (byte == '&') {
+            CheckReference(document, offset);
+        }
+        if (quote == '\0' && byte == '>') {
+            return offset + 1;
+        }
+        if (quote == '\0' && (byte == '"' || byte == '\'')) {
+            quote = byte;
+        } else if (byte == quote) {
+            quote = '\0';
+        }
+    }
+    return offset;
+}
+
+/** Checks the text between the elements, and the elements' tags. */
+void CheckReferences(ParsedDocument const& document) {
+    constexpr std::string_view sectionEnd = "]]>";
+    std::string_view const text = document.text;
+    for (std::size_t offset = text.find_first_of("<&]"); offset != std::string_view::npos;
+         offset = text.find_first_of("<&]", offset)) {
         std::string_view const rest = text.substr(offset);
-        if (rest.front() == '&' && !IsKnownReference(rest.substr(0, 64))) {
-            Refuse(document, offset,
-                   "an \"&\" that doesn't begin a known reference; a plain one is \"&amp;\"");
+        if (rest.front() == '&') {
+            CheckReference(document, offset);
+            ++offset;
+            continue;
         }
-        std::size_t length = 1;
-        for (OpaquePart const& part : opaqueParts) {
-            if (rest.substr(0, part.begin.size()) == part.begin) {
-                std::size_t const end = rest.find(part.end, part.begin.size());
-                length = end == std::string_view::npos ? rest.size() : end + part.end.size();
+        if (rest.front() == ']') {
+            if (rest.substr(0, sectionEnd.size()) == sectionEnd) {
+                Refuse(document, offset, "\"]]>\" in a text; there it is \"]]&gt;\"");
             }
+            ++offset;
+            continue;
         }
+        OpaquePart const* const part =
+            std::find_if(std::begin(opaqueParts), std::end(opaqueParts), [rest](OpaquePart const& row) {
+                return rest.substr(0, row.begin.size()) == row.begin;
+            });
+        if (part == std::end(opaqueParts)) {
+            offset = CheckTag(document, offset);
+            continue;
+        }
+        std::size_t const end = rest.find(part->end, part->begin.size());
+        std::size_t const length = end == std::string_view::npos ? rest.size() : end + part->end.size();
+        CheckPart(document, offset, rest.substr(0, length));
         offset += length;
     }
 }
 
 void CheckAttributes(ParsedDocument const& document, pugi::xml_node const& node) {
+    std::unordered_set<std::string_view> names;
     for (pugi::xml_attribute const attribute : node.attributes()) {
-        if (node.attribute(attribute.name()) != attribute) {
+        if (!names.insert(attribute.name()).second) {
             Refuse(document, OffsetOf(node),
                    std::string("the element \"") + node.name() + "\" has the attribute \"" +
                        attribute.name() + "\" twice");
@@ -161,14 +226,17 @@ ParsedDocument::ParsedDocument() : dom(std::make_unique<pugi::xml_document>()) {
 ParsedDocument::~ParsedDocument() = default;
 
 std::string ParsedDocument::Place(std::size_t offset) const {
-    std::string_view const before = std::string_view(text).substr(0, std::min(offset, text.size()));
-    auto const line = 1 + std::count(before.begin(), before.end(), '\n');
-    std::size_t const lineBreak = before.rfind('\n');
-    std::string_view const inLine = before.substr(lineBreak == std::string_view::npos ? 0 : lineBreak + 1);
-    auto const column = 1 + std::count_if(inLine.begin(), inLine.end(), [](char byte) {
-                            return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-                        });
-    return source + FormatText(", line %ld, column %ld", static_cast<long>(line), static_cast<long>(column));
+    std::size_t const end = std::min(offset, text.size());
+    // Places are mostly asked for in the order of the text: counting goes on from the last one.
+    if (end < mark.offset) {
+        mark = Mark();
+    }
+    for (; mark.offset < end; ++mark.offset) {
+        auto const byte = static_cast<unsigned char>(text[mark.offset]);
+        mark.line += byte == '\n' ? 1 : 0;
+        mark.column = byte == '\n' ? 1 : mark.column + ((byte & 0xC0) != 0x80 ? 1 : 0);
+    }
+    return source + FormatText(", line %ld, column %ld", mark.line, mark.column);
 }
 
 std::unique_ptr<ParsedDocument> ParseXml(std::string source, std::string text) {

@@ -22,6 +22,15 @@ struct ParsedDocument {
 
     /** @return "SOURCE, line L, column C" of an offset in the text, both from 1, the column in characters. */
     std::string Place(std::size_t offset) const;
+
+private:
+    /** A place that was counted, from which the count goes on to a later one. */
+    struct Mark {
+        std::size_t offset = 0;
+        long line = 1;
+        long column = 1;
+    };
+    mutable Mark mark;
 };
 
 /**

@@ -109,6 +109,7 @@ struct TXmlIniWriter::State {
         try {
             return Begin(name, isCompact);
         } catch (...) {
+            Fail("there is no memory for a section");
             return 0;
         }
     }

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <iterator>
 #include <memory>
+#include <typeinfo>
 
 namespace KvRefSystem {
 
@@ -86,7 +87,7 @@ TBursaWolfDatumShift::~TBursaWolfDatumShift() {
 }
 
 bool TBursaWolfDatumShift::operator==(TDatumShift const& other) const {
-    if (other.Type != Type) {
+    if (other.Type != Type || typeid(other) != typeid(*this)) {
         return false;
     }
     TBursaWolfDatumShiftParameters const& one = *Parameters;
@@ -170,7 +171,7 @@ TBursaWolfNonlinearDatumShift::TBursaWolfNonlinearDatumShift(TBursaWolfDatumShif
 TBursaWolfNonlinearDatumShift::~TBursaWolfNonlinearDatumShift() = default;
 
 bool TBursaWolfNonlinearDatumShift::operator==(TDatumShift const& other) const {
-    if (other.Type != Type) {
+    if (other.Type != Type || typeid(other) != typeid(*this)) {
         return false;
     }
     // A side that only shifts holds scale 1 and the identity, so the numbers alone decide.

@@ -12,11 +12,17 @@ struct TBursaWolfDatumShiftParameters {
     /** Translations only, metres. */
     TBursaWolfDatumShiftParameters(double const& dx, double const& dy, double const& dz);
 
-    /** Metres, radians, and the scale factor near 1. `OnlyShift` holds for scale 1.0 and rotations 0.0 exactly. */
+    /**
+     * Metres, radians, and the scale factor near 1. `OnlyShift` holds for scale 1.0 and rotations 0.0
+     * exactly.
+     */
     TBursaWolfDatumShiftParameters(double const& dx, double const& dy, double const& dz, double const& rx,
                                    double const& ry, double const& rz, double const& scale);
 
-    /** A copy, or with `invert` the small-angle parameters of the reverse shift, exact to the first order only. */
+    /**
+     * A copy, or with `invert` the small-angle parameters of the reverse shift, exact to the first order
+     * only.
+     */
     TBursaWolfDatumShiftParameters(TBursaWolfDatumShiftParameters const& src, bool invert);
 
     double RotationX; ///< rx, radians
@@ -40,7 +46,9 @@ public:
     TBursaWolfDatumShift(TBursaWolfDatumShift const& source);
     ~TBursaWolfDatumShift() override;
 
-    /** Same class, same `OnlyShift`, same shifts and, without `OnlyShift`, same rotations and scale; exactly. */
+    /**
+     * Same class, same `OnlyShift`, same shifts and, without `OnlyShift`, same rotations and scale; exactly.
+     */
     bool operator==(TDatumShift const& other) const override;
     void DirectTransform(TCoords* coords) const override;
     void ReverseTransform(TCoords* coords) const override;

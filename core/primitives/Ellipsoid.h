@@ -36,7 +36,8 @@ public:
     void EllipsoidalToCartesian(TCoords* coords) const;
 
     /**
-     * In: geocentric X, Y, Z (metres). Out: longitude, latitude (radians), height (metres). `ZUndefined` stays.
+     * In: geocentric X, Y, Z (metres). Out: longitude, latitude (radians), height (metres). `ZUndefined`
+     * stays.
      * @throws std::runtime_error with "CartesianToEllipsoidal", the point unchanged, when 1001 passes don't
      *         converge; a NaN ends the iteration without an exception.
      */

@@ -3,8 +3,6 @@
 #include "frame/imported/ModuleHooks.h"
 #include "frame/imported/OptionTable.h"
 
-#include <new>
-
 namespace KvRefSystem {
 
 namespace {
@@ -12,12 +10,19 @@ namespace {
 constexpr double SemiMajorAxis = 6378137.0;
 constexpr double SemiMinorAxis = 6356752.314245179;
 
+/**
+ * The host's object, of a class that the compiler doesn't know: a host may bring one of its own under this
+ * name, and then its table of virtual operations counts, not that of the declared class.
+ */
+TKvOptionTableAccess* HostTables() {
+    TKvOptionTableAccess* volatile const tables = &GlobalOT;
+    return tables;
+}
+
 } // namespace
 
 void GetWGS84SemiAxes(double* a, double* b) {
-    // Laundered, since a host may bring an object of a class of its own under this name: its table of virtual
-    // operations counts, not the declared class.
-    TKvOptionTable* const options = KvApplication != nullptr ? std::launder(&GlobalOT)->GetTable(1) : nullptr;
+    TKvOptionTable* const options = KvApplication != nullptr ? HostTables()->GetTable(1) : nullptr;
     if (options == nullptr) {
         *a = SemiMajorAxis;
         *b = SemiMinorAxis;

@@ -13,7 +13,9 @@ constexpr double Pi = 3.141592653589793;
 constexpr double TwoPi = 6.283185307179586;
 constexpr double HalfPi = 1.5707963267948966;
 
-/** Takes whole turns off an angle (radians) outside of [-limit, limit]; a NaN stays, an infinity gives a NaN. */
+/**
+ * Takes whole turns off an angle (radians) outside of [-limit, limit]; a NaN stays, an infinity gives a NaN.
+ */
 double WithoutWholeTurns(double angle, double limit) {
     if (angle > limit) {
         angle -= std::floor(angle / TwoPi) * TwoPi;

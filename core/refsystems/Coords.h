@@ -22,12 +22,16 @@ struct TCoords {
     void DebugOutput(std::string const& prefix) const;
 };
 
-/** Brings a longitude (radians) into [-pi, pi]. Values beyond the reach of doubles' whole turns stay as they come. */
+/**
+ * Brings a longitude (radians) into [-pi, pi]. Values beyond the reach of doubles' whole turns stay as they
+ * come.
+ */
 void NormalizeLongitude(double& lon);
 
 /**
  * Folds a latitude (radians) to a value in [-pi/2, pi/2]. Not a reduction of the angle: beyond a pole it ends
- * at a pole, so 2.0 becomes pi/2, 4.0 becomes -pi/2 and -4.0 becomes pi/2. Kept: hosts rely on both end rules.
+ * at a pole, so 2.0 becomes pi/2, 4.0 becomes -pi/2 and -4.0 becomes pi/2. Kept: hosts rely on both end
+ * rules.
  */
 void NormalizeLatitude(double& lat);
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "core/refsystems/Coords.h"
-
-#include <concepts>
+#include "core/refsystems/FamilyEquality.h"
 
 namespace KvRefSystem {
 
@@ -38,18 +37,16 @@ public:
     TDatumShiftType Type; ///< class
 };
 
-/** Compares two classes of the family; answers C++20's reversed candidates. */
-template <class A, class C>
-    requires std::derived_from<A, TDatumShift> && std::derived_from<C, TDatumShift> &&
-        (!(std::same_as<A, TDatumShift> && std::same_as<C, TDatumShift>)) bool
-        operator==(A const& first, C const& second) {
-        return static_cast<TDatumShift const&>(first).operator==(static_cast<TDatumShift const&>(second));
-    }
+/** Compares two classes of the family by the first one's operator. */
+template <class A, ComparableThrough<A, TDatumShift> C>
+bool operator==(A const& first, C const& second) {
+    return static_cast<TDatumShift const&>(first).operator==(static_cast<TDatumShift const&>(second));
+}
 
-    /**
+/**
  * @return a new object of the same class, which the caller owns; null for null, for an unknown type or when
  *         the copy failed (the exception is swallowed).
  */
-    TDatumShift* CreateDatumShiftCopy(TDatumShift const* source);
+TDatumShift* CreateDatumShiftCopy(TDatumShift const* source);
 
 } // namespace KvRefSystem

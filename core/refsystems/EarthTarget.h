@@ -13,7 +13,9 @@ namespace KvRefSystem {
  */
 class __attribute__((visibility("hidden"))) TEarthTarget {
 public:
-    /** @throws std::logic_error with ":(" for a kind that can't be reached or doesn't give what it stands for. */
+    /**
+     * @throws std::logic_error with ":(" for a kind that can't be reached or doesn't give what it stands for.
+     */
     explicit TEarthTarget(TReferenceSystem const& dst) : Geocentric(dst.RelatedGeocentricRefSystem()) {
         switch (dst.Type) {
         case rstGeocentric:

@@ -50,8 +50,7 @@ TGeocentricReferenceSystem const* TGeocentricReferenceSystem::RelatedGeocentricR
 }
 
 bool TGeocentricReferenceSystem::operator==(TReferenceSystem const& other) const {
-    auto const* const system =
-        other.Type == Type ? dynamic_cast<TGeocentricReferenceSystem const*>(&other) : nullptr;
+    auto const* const system = AsSameClass(*this, other);
     if (system == nullptr || PrimeMeridian->Longitude != system->PrimeMeridian->Longitude) {
         return false;
     }

@@ -20,8 +20,8 @@ public:
     /**
      * @param shift    datum shift, copied; null for an undefined datum.
      * @param meridian prime meridian, copied; null for Greenwich.
-     * @throws std::runtime_error with "TGeocentricReferenceSystem::TGeocentricReferenceSystem: datum shift" when
-     *         the shift can't be copied.
+     * @throws std::runtime_error with "TGeocentricReferenceSystem::TGeocentricReferenceSystem: datum shift"
+     *         when the shift can't be copied.
      */
     TGeocentricReferenceSystem(TDatumShift const* shift, TPrimeMeridian const* meridian,
                                TRefSystemTransformsSet const& transforms,
@@ -38,12 +38,15 @@ public:
     void OperateCoordsBaseWorld(TCoords* coords, bool ApplyDatumShift) const override;
     void GetAxisStepsBase(double* steps) const override;
 
-    /** Deletes the present shift; then stores a copy of `shift`. @return false, no shift left, for null or a failed copy. */
+    /**
+     * Deletes the present shift; then stores a copy of `shift`.
+     * @return false, no shift left, for null or a failed copy.
+     */
     bool ReplaceDatumShift(TDatumShift const* shift) override;
 
     /**
-     * The central step: to Greenwich; through both datum shifts, if both exist and differ; to `dst`'s meridian.
-     * A shift is never applied alone, and a missing one is no error.
+     * The central step: to Greenwich; through both datum shifts, if both exist and differ; to `dst`'s
+     * meridian. A shift is never applied alone, and a missing one is no error.
      */
     void GeocentricTransformation(TGeocentricReferenceSystem const& dst, TCoords* coords) const;
 

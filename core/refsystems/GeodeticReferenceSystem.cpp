@@ -55,8 +55,7 @@ TGeodeticReferenceSystem const* TGeodeticReferenceSystem::RelatedGeodeticRefSyst
 }
 
 bool TGeodeticReferenceSystem::operator==(TReferenceSystem const& other) const {
-    auto const* const system =
-        other.Type == Type ? dynamic_cast<TGeodeticReferenceSystem const*>(&other) : nullptr;
+    auto const* const system = AsSameClass(*this, other);
     return system != nullptr && SameGeometry(*this, *system) && Transforms == system->Transforms;
 }
 

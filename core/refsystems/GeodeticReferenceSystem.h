@@ -9,8 +9,8 @@
 namespace KvRefSystem {
 
 /**
- * Longitude `X` and latitude `Y` in radians, height `Z` over the ellipsoid in metres. The longitude counts from
- * the system's own prime meridian; the meridian's rotation is applied to Cartesian coordinates only.
+ * Longitude `X` and latitude `Y` in radians, height `Z` over the ellipsoid in metres. The longitude counts
+ * from the system's own prime meridian; the meridian's rotation is applied to Cartesian coordinates only.
  */
 class TGeodeticReferenceSystem : public TReferenceSystem {
 public:
@@ -40,7 +40,10 @@ public:
     /** Longitude, latitude, height to geocentric metres of the system's own axes. */
     void ConvertToGeocentric(TCoords* coords) const;
 
-    /** Geocentric metres of the system's own axes to longitude, latitude, height. @throws std::runtime_error. */
+    /**
+     * Geocentric metres of the system's own axes to longitude, latitude, height.
+     * @throws std::runtime_error.
+     */
     void ConvertFromGeocentric(TCoords* coords) const;
 
     TEllipsoid* Ellipsoid; ///< owned

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/refsystems/Coords.h"
+#include "core/refsystems/FamilyEquality.h"
 
-#include <concepts>
 #include <string>
 #include <vector>
 
@@ -64,19 +64,17 @@ protected:
     TRefSystemTransform(TRefSystemTransform const& source);
 };
 
-/** Compares two classes of the family; answers C++20's reversed candidates. */
-template <class A, class C>
-    requires std::derived_from<A, TRefSystemTransform> && std::derived_from<C, TRefSystemTransform> &&
-        (!(std::same_as<A, TRefSystemTransform> && std::same_as<C, TRefSystemTransform>)) bool
-        operator==(A const& first, C const& second) {
-        return static_cast<TRefSystemTransform const&>(first).operator==(
-            static_cast<TRefSystemTransform const&>(second));
-    }
+/** Compares two classes of the family by the first one's operator. */
+template <class A, ComparableThrough<A, TRefSystemTransform> C>
+bool operator==(A const& first, C const& second) {
+    return static_cast<TRefSystemTransform const&>(first).operator==(
+        static_cast<TRefSystemTransform const&>(second));
+}
 
-    /**
+/**
  * @return a new object of the same class, which the caller owns; null for a type outside 1 to 6 or when the
  *         copy failed (the exception is swallowed).
  */
-    TRefSystemTransform* CreateTransformCopy(TRefSystemTransform const& source);
+TRefSystemTransform* CreateTransformCopy(TRefSystemTransform const& source);
 
 } // namespace KvRefSystem

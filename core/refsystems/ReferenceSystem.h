@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/refsystems/Coords.h"
+#include "core/refsystems/FamilyEquality.h"
 #include "core/refsystems/TransformsSet.h"
 
-#include <concepts>
 #include <map>
 #include <string>
 
@@ -44,9 +44,9 @@ enum TDatumComparison : int {
 /**
  * The frame of all core reference systems: pure geometry in radians and metres.
  *
- * A point is moved out of the source's own chain of transforms into its base coordinates, across by the kind's
- * geometry, and into the target's chain. Nothing tests whether source and target are one system: the whole
- * chain runs. After construction only the pairwise chains and the datum shift can be changed; const
+ * A point is moved out of the source's own chain of transforms into its base coordinates, across by the
+ * kind's geometry, and into the target's chain. Nothing tests whether source and target are one system: the
+ * whole chain runs. After construction only the pairwise chains and the datum shift can be changed; const
  * operations may run on several threads.
  */
 class TReferenceSystem {
@@ -83,25 +83,42 @@ public:
     /** @return whether there is a datum shift with exact rotations. */
     virtual bool NonlinearDatum() const;
 
-    /** From this system's base coordinates to `dst`'s. @throws std::logic_error for a kind that can't be reached. */
+    /**
+     * From this system's base coordinates to `dst`'s.
+     * @throws std::logic_error for a kind that can't be reached.
+     */
     virtual void OperateCoordsBase(TReferenceSystem const& dst, TCoords* coords) const = 0;
 
-    /** From base coordinates into the world frame: geocentric, Greenwich, after the datum shift on request. */
+    /**
+     * From base coordinates into the world frame: geocentric, Greenwich, after the datum shift on request.
+     */
     virtual void OperateCoordsBaseWorld(TCoords* coords, bool ApplyDatumShift) const = 0;
 
     /** Stores the three steps of the axes' derivatives: radians or metres, as the kind's coordinates. */
     virtual void GetAxisStepsBase(double* steps) const = 0;
 
-    /** Replaces the datum shift by a copy of `shift`. @return false, with no shift left, when that isn't possible. */
+    /**
+     * Replaces the datum shift by a copy of `shift`.
+     * @return false, with no shift left, when that isn't possible.
+     */
     virtual bool ReplaceDatumShift(TDatumShift const* shift);
 
-    /** Moves the point in place from this system to `dst`. Exceptions pass; the point is left as far as it got. */
+    /**
+     * Moves the point in place from this system to `dst`. Exceptions pass; the point is left as far as it
+     * got.
+     */
     void OperateCoords(TReferenceSystem const& dst, TCoords* coords) const;
 
-    /** @return the first key, in ascending order, of this system's pairwise chains that `other` has too, or "". */
+    /**
+     * @return the first key, in ascending order, of this system's pairwise chains that `other` has too, or
+     *         "".
+     */
     std::string GetPairwiseTransformID(TReferenceSystem const& other) const;
 
-    /** Applies the pairwise chain `id` backwards. @return false, the point untouched, without such a chain. */
+    /**
+     * Applies the pairwise chain `id` backwards.
+     * @return false, the point untouched, without such a chain.
+     */
     bool TransformedToBasePairwise(TReferenceSystem const* sys, TCoords* coords, std::string const& id) const;
 
     /** Applies the pairwise chain `id`. @return false, the point untouched, without such a chain. */
@@ -121,7 +138,8 @@ public:
     bool RemovePairwiseTransforms(std::string id);
 
     /**
-     * Derivatives of the world coordinates with respect to the system's three coordinates, by central differences.
+     * Derivatives of the world coordinates with respect to the system's three coordinates, by central
+     * differences.
      * @param coords the point. @param axes receives nine numbers, row k for coordinate k; metres per metre or
      *               per radian. @return false after any exception; rows already written stay.
      */
@@ -141,19 +159,17 @@ protected:
                      std::map<std::string, TRefSystemTransformsSet> const& pairwise);
 };
 
-/** Compares two classes of the family; answers C++20's reversed candidates. */
-template <class A, class C>
-    requires std::derived_from<A, TReferenceSystem> && std::derived_from<C, TReferenceSystem> &&
-        (!(std::same_as<A, TReferenceSystem> && std::same_as<C, TReferenceSystem>)) bool
-        operator==(A const& first, C const& second) {
-        return static_cast<TReferenceSystem const&>(first).operator==(
-            static_cast<TReferenceSystem const&>(second));
-    }
+/** Compares two classes of the family by the first one's operator. */
+template <class A, ComparableThrough<A, TReferenceSystem> C>
+bool operator==(A const& first, C const& second) {
+    return static_cast<TReferenceSystem const&>(first).operator==(
+        static_cast<TReferenceSystem const&>(second));
+}
 
-    /**
+/**
  * @return a new system of the same kind, which the caller owns; null for a kind outside 1 to 6 or when the
  *         copy failed (the exception is swallowed).
  */
-    TReferenceSystem* CreateCopy(TReferenceSystem const& source);
+TReferenceSystem* CreateCopy(TReferenceSystem const& source);
 
 } // namespace KvRefSystem

@@ -45,7 +45,10 @@ public:
     /** Applies every transform, from first to last. @param sys the system on whose behalf it runs. */
     void BaseToTransformed(TReferenceSystem const* sys, TCoords* coords) const;
 
-    /** Applies every transform backwards, from last to first. @param sys the system on whose behalf it runs. */
+    /**
+     * Applies every transform backwards, from last to first.
+     * @param sys the system on whose behalf it runs.
+     */
     void TransformedToBase(TReferenceSystem const* sys, TCoords* coords) const;
 
     /** @return whether all transforms preserve heights; true for an empty chain. */

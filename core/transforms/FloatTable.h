@@ -10,8 +10,9 @@ template <class T>
 class T2DTable;
 
 /**
- * Regular grid of floats with bilinear lookup, all in float: a coordinate of 10,000,000 is resolved to 1 metre.
- * Outside of the grid the nearest edge's value counts. Immutable after reading; const operations share freely.
+ * Regular grid of floats with bilinear lookup, all in float: a coordinate of 10,000,000 is resolved to 1
+ * metre. Outside of the grid the nearest edge's value counts. Immutable after reading; const operations share
+ * freely.
  */
 template <>
 class T2DTable<float> final {
@@ -24,7 +25,9 @@ public:
     T2DTable& operator=(T2DTable const&) = delete;
     ~T2DTable();
 
-    /** Exactly equal sizes, steps, origins, least and greatest values and values; CRCs when both are valid. */
+    /**
+     * Exactly equal sizes, steps, origins, least and greatest values and values; CRCs when both are valid.
+     */
     virtual bool operator==(T2DTable const& other) const;
 
     /** Becomes a table of zeros. @throws std::bad_alloc, the table then being empty. */

@@ -1,5 +1,6 @@
 #include "core/transforms/PlaneAndVertical.h"
 
+#include "core/refsystems/FamilyEquality.h"
 #include "frame/NumberText.h"
 
 #include <algorithm>
@@ -34,7 +35,8 @@ TPlaneRotationRefSystemTransform::TPlaneRotationRefSystemTransform(
       CosAngle(source.CosAngle) {}
 
 bool TPlaneRotationRefSystemTransform::operator==(TRefSystemTransform const& other) const {
-    return other.Type == Type && static_cast<TPlaneRotationRefSystemTransform const&>(other).Angle == Angle;
+    auto const* const that = AsSameClass(*this, other);
+    return that != nullptr && that->Angle == Angle;
 }
 
 void TPlaneRotationRefSystemTransform::BaseToTransformed(TReferenceSystem const*, TCoords* coords) const {
@@ -69,11 +71,11 @@ TPlaneShiftRefSystemTransform::TPlaneShiftRefSystemTransform(TPlaneShiftRefSyste
     : TRefSystemTransform(rsttPlaneShift), ShiftX(source.ShiftX), ShiftY(source.ShiftY) {}
 
 bool TPlaneShiftRefSystemTransform::operator==(TRefSystemTransform const& other) const {
-    if (other.Type != Type) {
+    auto const* const that = AsSameClass(*this, other);
+    if (that == nullptr) {
         return false;
     }
-    auto const& that = static_cast<TPlaneShiftRefSystemTransform const&>(other);
-    return ShiftX == that.ShiftX && ShiftY == that.ShiftY;
+    return ShiftX == that->ShiftX && ShiftY == that->ShiftY;
 }
 
 void TPlaneShiftRefSystemTransform::BaseToTransformed(TReferenceSystem const*, TCoords* coords) const {
@@ -118,12 +120,12 @@ TPlaneAffineRefSystemTransform::TPlaneAffineRefSystemTransform(TPlaneAffineRefSy
 }
 
 bool TPlaneAffineRefSystemTransform::operator==(TRefSystemTransform const& other) const {
-    if (other.Type != Type) {
+    auto const* const that = AsSameClass(*this, other);
+    if (that == nullptr) {
         return false;
     }
-    auto const& that = static_cast<TPlaneAffineRefSystemTransform const&>(other);
-    return std::equal(std::begin(Matrix), std::end(Matrix), that.Matrix) &&
-           std::equal(std::begin(Shift), std::end(Shift), that.Shift);
+    return std::equal(std::begin(Matrix), std::end(Matrix), that->Matrix) &&
+           std::equal(std::begin(Shift), std::end(Shift), that->Shift);
 }
 
 void TPlaneAffineRefSystemTransform::BaseToTransformed(TReferenceSystem const*, TCoords* coords) const {
@@ -165,7 +167,8 @@ TVerticalShiftRefSystemTransform::TVerticalShiftRefSystemTransform(
     : TRefSystemTransform(rsttVerticalShift), ShiftZ(source.ShiftZ) {}
 
 bool TVerticalShiftRefSystemTransform::operator==(TRefSystemTransform const& other) const {
-    return other.Type == Type && static_cast<TVerticalShiftRefSystemTransform const&>(other).ShiftZ == ShiftZ;
+    auto const* const that = AsSameClass(*this, other);
+    return that != nullptr && that->ShiftZ == ShiftZ;
 }
 
 void TVerticalShiftRefSystemTransform::BaseToTransformed(TReferenceSystem const*, TCoords* coords) const {

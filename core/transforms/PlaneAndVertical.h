@@ -47,8 +47,8 @@ class TPlaneAffineRefSystemTransform : public TRefSystemTransform {
 public:
     /**
      * @param M four numbers m00, m01, m10, m11. @param S two numbers in metres.
-     * @throws std::runtime_error with "TPlaneAffineRefSystemTransform(const double M[4], const double S[2])" when
-     *         the determinant is not above 1e-20 in absolute value.
+     * @throws std::runtime_error with "TPlaneAffineRefSystemTransform(const double M[4], const double S[2])"
+     *         when the determinant is not above 1e-20 in absolute value.
      */
     TPlaneAffineRefSystemTransform(double const* M, double const* S);
     TPlaneAffineRefSystemTransform(TPlaneAffineRefSystemTransform const& source);

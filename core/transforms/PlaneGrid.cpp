@@ -1,5 +1,6 @@
 #include "core/transforms/PlaneGrid.h"
 
+#include "core/refsystems/FamilyEquality.h"
 #include "core/refsystems/ReferenceSystem.h"
 
 #include <memory>
@@ -41,17 +42,17 @@ TPlaneGridRefSystemTransform::~TPlaneGridRefSystemTransform() {
 }
 
 bool TPlaneGridRefSystemTransform::operator==(TRefSystemTransform const& other) const {
-    if (other.Type != Type) {
+    auto const* const that = AsSameClass(*this, other);
+    if (that == nullptr) {
         return false;
     }
-    auto const& that = static_cast<TPlaneGridRefSystemTransform const&>(other);
-    if (!(GridCoef == that.GridCoef && *GridDE == *that.GridDE && *GridDN == *that.GridDN)) {
+    if (!(GridCoef == that->GridCoef && *GridDE == *that->GridDE && *GridDN == *that->GridDN)) {
         return false;
     }
-    if (GridRefSystem == nullptr || that.GridRefSystem == nullptr) {
-        return GridRefSystem == that.GridRefSystem;
+    if (GridRefSystem == nullptr || that->GridRefSystem == nullptr) {
+        return GridRefSystem == that->GridRefSystem;
     }
-    return GridRefSystem->operator==(*that.GridRefSystem);
+    return GridRefSystem->operator==(*that->GridRefSystem);
 }
 
 void TPlaneGridRefSystemTransform::BaseToTransformed(TReferenceSystem const* sys, TCoords* coords) const {

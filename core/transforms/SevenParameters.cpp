@@ -1,5 +1,6 @@
 #include "core/transforms/SevenParameters.h"
 
+#include "core/refsystems/FamilyEquality.h"
 #include "frame/NumberText.h"
 
 #include <stdexcept>
@@ -42,13 +43,14 @@ TSevenParametersRefSystemTransform::TSevenParametersRefSystemTransform(
 }
 
 bool TSevenParametersRefSystemTransform::operator==(TRefSystemTransform const& other) const {
-    if (other.Type != Type) {
+    auto const* const that = AsSameClass(*this, other);
+    if (that == nullptr) {
         return false;
     }
     T7Params one;
     T7Params two;
     Transform.GetParameters(&one);
-    static_cast<TSevenParametersRefSystemTransform const&>(other).Transform.GetParameters(&two);
+    that->Transform.GetParameters(&two);
     return one.wx == two.wx && one.wy == two.wy && one.wz == two.wz && one.m == two.m && one.dX == two.dX &&
            one.dY == two.dY && one.dZ == two.dZ;
 }

@@ -12,8 +12,10 @@ public:
     TSevenParametersRefSystemTransform();
 
     /**
-     * @param dX, dY, dZ shifts, metres. @param alpha, beta, gamma rotations, radians. @param dm scale correction.
-     * @throws std::runtime_error with "TSevenParametersRefSystemTransform::TSevenParametersRefSystemTransform" for a
+     * @param dX, dY, dZ shifts, metres. @param alpha, beta, gamma rotations, radians. @param dm scale
+     *         correction.
+     * @throws std::runtime_error with
+     *         "TSevenParametersRefSystemTransform::TSevenParametersRefSystemTransform" for a
      *         number that isn't finite or for dm = -1.
      */
     TSevenParametersRefSystemTransform(double const& dX, double const& dY, double const& dZ,

@@ -16,7 +16,10 @@ public:
     /** Sets one element; the first index runs along a row. @throws std::runtime_error outside the matrix. */
     void SetElement(unsigned long column, unsigned long row, double value);
 
-    /** @return one element; the first index runs along a row. @throws std::runtime_error outside the matrix. */
+    /**
+     * @return one element; the first index runs along a row.
+     * @throws std::runtime_error outside the matrix.
+     */
     double GetElement(unsigned long column, unsigned long row) const;
 
     unsigned long Columns() const;

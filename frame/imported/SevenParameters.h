@@ -49,14 +49,18 @@ private:
 /** `second` after `first`, exactly; `result` may be one of the inputs. */
 void Combine7Params(T7Params const& first, T7Params const& second, T7Params* result);
 
-/** `second` after `first`, to the first order: angles and scale corrections add; d = d2 + (1 + m2)(d1 - w2 x d1). */
+/**
+ * `second` after `first`, to the first order: angles and scale corrections add; d = d2 + (1 + m2)(d1 - w2 x
+ * d1).
+ */
 void Combine7ParamsLinearized(T7Params const& first, T7Params const& second, T7Params* result);
 
 /** The inverse similarity: A^T, 1/(1 + m) - 1, -A^T d/(1 + m); `inverse` may be the input. */
 void InvertParams(T7Params const& parameters, T7Params* inverse);
 
 /**
- * Takes a 3 by 3 matrix M = Rz(gamma) Ry(beta) Rx(alpha) of active rotations apart; exact at beta = ±pi/2 too.
+ * Takes a 3 by 3 matrix M = Rz(gamma) Ry(beta) Rx(alpha) of active rotations apart; exact at beta = ±pi/2
+ * too.
  * @param rotation the matrix. @param alpha, beta, gamma receive the angles in radians.
  */
 void RzyxGetAlphaBetaGamma(TMatrix const& rotation, double* alpha, double* beta, double* gamma);

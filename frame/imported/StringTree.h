@@ -64,7 +64,10 @@ public:
     TStringField* FindField(int tag, int idx);
     TStringField const* FindField(int tag, int idx) const;
 
-    /** Reads a whole number, strictly. @return false, `*value` untouched, without the field or for another text. */
+    /**
+     * Reads a whole number, strictly.
+     * @return false, `*value` untouched, without the field or for another text.
+     */
     bool GetInteger(int tag, int idx, int* value) const;
 
     /** Reads a number, strictly. @return false, `*value` untouched, without the field or for another text. */
@@ -76,7 +79,10 @@ public:
     /** As `InsertField`, of the decimal text. @return false, nothing changed, when the pair is taken. */
     bool InsertInteger(std::string header, int tag, int idx, int value);
 
-    /** As `InsertField`, of the text of 18 digits, which reads back the same. @return false when the pair is taken. */
+    /**
+     * As `InsertField`, of the text of 18 digits, which reads back the same.
+     * @return false when the pair is taken.
+     */
     bool InsertDouble(std::string header, int tag, int idx, double const& value);
 
     /** As `InsertField`. @return false, nothing changed, when the pair is taken. */

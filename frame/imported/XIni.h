@@ -19,15 +19,25 @@ public:
     /** As `FindF`. @throws std::runtime_error when there is none. */
     unsigned long FindFE(char const* key, unsigned long from);
 
-    /** @return the item's value; `fallback` when `item` is `NotFound` or not readable. For int, bool, double, string. */
+    /**
+     * @return the item's value; `fallback` when `item` is `NotFound` or not readable. For int, bool, double,
+     *         string.
+     */
     template <class T>
     T Read(unsigned long item, T fallback);
 
-    /** @return the item's value. @throws std::runtime_error when it can't be read. For int, bool, double, string. */
+    /**
+     * @return the item's value.
+     * @throws std::runtime_error when it can't be read. For int, bool, double, string.
+     */
     template <class T>
     T ReadE(unsigned long item);
 
-    /** Enters the first section named `name`. @return its handle, never 0. @throws std::runtime_error without one. */
+    /**
+     * Enters the first section named `name`.
+     * @return its handle, never 0.
+     * @throws std::runtime_error without one.
+     */
     unsigned long EnterSectionSE(char const* name);
 
     /** @return the number of items of the current section. */
@@ -45,7 +55,10 @@ public:
     /** Enters an item. @return a handle, never 0. @throws std::runtime_error when it can't. */
     virtual unsigned long EnterSectionE(unsigned long item) = 0;
 
-    /** Leaves what `EnterSectionE` or `EnterSectionSE` entered. @throws std::runtime_error when it isn't the current one. */
+    /**
+     * Leaves what `EnterSectionE` or `EnterSectionSE` entered.
+     * @throws std::runtime_error when it isn't the current one.
+     */
     virtual void LeaveSectionE(unsigned long handle) = 0;
 
 protected:
@@ -55,7 +68,10 @@ protected:
     /** Stores the text of a value item. @return false when `item` isn't one. */
     virtual bool ReadText(unsigned long item, std::string* text) = 0;
 
-    /** @return where the current section stands, as the end of an error's text, such as " in ..."; empty at first. */
+    /**
+     * @return where the current section stands, as the end of an error's text, such as " in ..."; empty at
+     *         first.
+     */
     virtual std::string Where() const;
 };
 
@@ -64,11 +80,18 @@ class TKvXIniWriter {
 public:
     virtual ~TKvXIniWriter();
 
-    /** Writes a value; an empty key makes an unnamed one. For int, bool, double, string. @return true on success. */
+    /**
+     * Writes a value; an empty key makes an unnamed one. For int, bool, double, string.
+     * @return true on success.
+     */
     template <class T>
     bool WriteS(std::string const& key, T const& value);
 
-    /** Opens a section; an empty name makes an unnamed one. @return its handle. @throws std::runtime_error. */
+    /**
+     * Opens a section; an empty name makes an unnamed one.
+     * @return its handle.
+     * @throws std::runtime_error.
+     */
     unsigned long BeginSectionSE(std::string const& name);
 
     /** The same for a section whose values are to lie on one line. */
@@ -100,12 +123,12 @@ protected:
 namespace LumCommonUtils {
 
 /** Writes a number that isn't 0. @return true when it skipped, else what the writer returned. */
-bool WriteNonZeroInt(TKvXIniWriter* writer, std::string const& key, int value);
+bool WriteNonZeroInt(TKvXIniWriter* writer, std::string key, int value);
 
 /** Writes a number that isn't negative. @return true when it skipped, else what the writer returned. */
-bool WriteNonNegativeInt(TKvXIniWriter* writer, std::string const& key, int value);
+bool WriteNonNegativeInt(TKvXIniWriter* writer, std::string key, int value);
 
 /** Writes a text that isn't empty. @return true when it skipped, else what the writer returned. */
-bool WriteNotEmptyString(TKvXIniWriter* writer, std::string const& key, std::string const& value);
+bool WriteNotEmptyString(TKvXIniWriter* writer, std::string key, std::string value);
 
 } // namespace LumCommonUtils

@@ -11,7 +11,8 @@
 #include <stdexcept>
 #include <utility>
 
-// The two forms are siblings with the same members. What they do stands here once, as templates over the class;
+// The two forms are siblings with the same members. What they do stands here once, as templates over the
+// class;
 // what tells them apart stands in their rows.
 
 namespace KvRefSystem {
@@ -101,7 +102,10 @@ bool HasUnits(Shift const& shift) {
     return shift.LinearUnit != nullptr && shift.AngularUnit != nullptr && shift.ScaleUnit != nullptr;
 }
 
-/** @param seconds seconds of arc in a degree, with a sign. @throws std::runtime_error for a text that doesn't parse. */
+/**
+ * @param seconds seconds of arc in a degree, with a sign.
+ * @throws std::runtime_error for a text that doesn't parse.
+ */
 template <class Shift>
 TNumbers Numbers(Shift const& shift, double seconds) {
     TShellAngularUnit const& angular = *shift.AngularUnit;
@@ -250,10 +254,10 @@ bool LoadXML(Shift* shift, TKvXIniReader* reader) {
     }
     bool complete = true;
     for (TTextRow<Shift> const& row : textRows<Shift>) {
-        shift->*row.text = DatumDetail::ReadText(reader, row.key);
+        shift->*row.text = ReadXmlText(reader, row.key);
         complete = complete && !(shift->*row.text).empty();
     }
-    shift->NonLinear = DatumDetail::ReadInt(reader, nonLinearKey, 0) != 0;
+    shift->NonLinear = ReadXmlInt(reader, nonLinearKey, 0) != 0;
     return complete;
 }
 

@@ -8,15 +8,21 @@
 namespace KvRefSystem {
 
 /**
- * Seven parameters with position vector rotations [EPSG7-2, 9606]. The signs of the rotations in WKT and GeoTIFF
- * and those of `GetDatumShiftParams` and MapInfo differ: the formats follow different conventions.
+ * Seven parameters with position vector rotations [EPSG7-2, 9606]. The signs of the rotations in WKT and
+ * GeoTIFF and those of `GetDatumShiftParams` and MapInfo differ: the formats follow different conventions.
  */
 class TShellBursaWolfDatumShift : public TShellDatumShift {
 public:
-    /** @throws std::runtime_error with "TShellBursaWolfDatumShift::TShellBursaWolfDatumShift(TStringTree *tree)". */
+    /**
+     * @throws std::runtime_error with "TShellBursaWolfDatumShift::TShellBursaWolfDatumShift(TStringTree
+     *         *tree)"; as root and units.
+     */
     explicit TShellBursaWolfDatumShift(TStringTree* tree);
 
-    /** @throws std::runtime_error with "TShellBursaWolfDatumShift::TShellBursaWolfDatumShift(TKvXIniReader *xml)". */
+    /**
+     * @throws std::runtime_error with "TShellBursaWolfDatumShift::TShellBursaWolfDatumShift(TKvXIniReader
+     *         *xml)".
+     */
     explicit TShellBursaWolfDatumShift(TKvXIniReader* xml);
 
     ~TShellBursaWolfDatumShift() override;
@@ -50,10 +56,17 @@ public:
 /** Seven parameters with coordinate frame rotations [EPSG7-2, 9607]: as above with all rotations negated. */
 class TShellBursaWolfInvRotDatumShift : public TShellDatumShift {
 public:
-    /** @throws std::runtime_error with "TShellBursaWolfInvRotDatumShift::TShellBursaWolfInvRotDatumShift(TStringTree *tree)". */
+    /**
+     * @throws std::runtime_error with
+     *         "TShellBursaWolfInvRotDatumShift::TShellBursaWolfInvRotDatumShift(TStringTree *tree)"; as root
+     *         and units.
+     */
     explicit TShellBursaWolfInvRotDatumShift(TStringTree* tree);
 
-    /** @throws std::runtime_error with "TShellBursaWolfInvRotDatumShift::TShellBursaWolfInvRotDatumShift(TKvXIniReader *xml)". */
+    /**
+     * @throws std::runtime_error with
+     *         "TShellBursaWolfInvRotDatumShift::TShellBursaWolfInvRotDatumShift(TKvXIniReader *xml)".
+     */
     explicit TShellBursaWolfInvRotDatumShift(TKvXIniReader* xml);
 
     ~TShellBursaWolfInvRotDatumShift() override;

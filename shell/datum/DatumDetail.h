@@ -1,42 +1,43 @@
 #pragma once
 
-#include "frame/imported/XIni.h"
+#include "frame/XmlSectionsDetail.h"
 #include "shell/units/Unit.h"
 
+#include <cmath>
 #include <memory>
 #include <string>
 
 /** What the bodies of the datum components share; no part of the interface. */
 namespace KvRefSystem::DatumDetail {
 
-/** @return the length in metres, the angle in radians or the plain factor that a text stands for. @throws as the parser. */
+/**
+ * @return the length in metres, the angle in radians or the plain factor that a text stands for.
+ * @throws as the parser.
+ */
 template <class Unit>
 double ValueInBase(Unit const& unit, std::string const& text) {
     return unit.StringToValue(text) * unit.CoefToBase;
 }
 
-/** @return a text of the current section, or an empty one. */
-std::string ReadText(TKvXIniReader* reader, char const* key);
-
-/** @return a whole number of the current section, or `fallback`. */
-int ReadInt(TKvXIniReader* reader, char const* key, int fallback);
-
 /**
  * Writes a section that holds a unit.
  * @param unit null: nothing is written. @return whether all of it was written.
  */
-bool WriteUnitSection(TKvXIniWriter* writer, char const* key, TShellUnit const* unit);
+inline bool WriteUnitSection(TKvXIniWriter* writer, char const* key, TShellUnit const* unit) {
+    return unit != nullptr && WriteXmlSection(writer, key, [&] { return unit->SaveToXML(writer); });
+}
 
 /**
  * Reads a unit from a section of its own, which is left again also when the unit fails.
- * @param build makes a new unit from the reader. @return the unit; null without the section or for a failure in it.
+ * @param build makes a new unit from the reader. @return the unit; null without the section or for a failure
+ *         in it.
  */
 template <class Build>
 auto ReadUnitSection(TKvXIniReader* reader, char const* key, Build build) {
     using Unit = typename decltype(build(reader))::element_type;
     std::unique_ptr<Unit> unit;
-    unsigned long const handle = reader->EnterSection(reader->FindF(key, 0));
-    if (handle == 0) {
+    TXmlReadSection section(reader, key);
+    if (!section) {
         return unit;
     }
     try {
@@ -44,7 +45,7 @@ auto ReadUnitSection(TKvXIniReader* reader, char const* key, Build build) {
     } catch (...) {
         unit.reset();
     }
-    if (!reader->LeaveSection(handle)) {
+    if (!section.Leave()) {
         unit.reset();
     }
     return unit;
@@ -56,7 +57,11 @@ std::unique_ptr<Unit> ReadPlainUnitSection(TKvXIniReader* reader, char const* ke
     return ReadUnitSection(reader, key, [](TKvXIniReader* xml) { return std::make_unique<Unit>(xml); });
 }
 
-/** @return `value` rounded to eight places, as the MapInfo clauses have it. Kept: the product, not a quotient. */
-double RoundToEightPlaces(double value);
+/**
+ * @return `value` rounded to eight places, as the MapInfo clauses have it. Kept: the product, not a quotient.
+ */
+inline double RoundToEightPlaces(double value) {
+    return std::floor(value * 1e8 + 0.5) * 1e-8;
+}
 
 } // namespace KvRefSystem::DatumDetail

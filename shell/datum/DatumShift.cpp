@@ -59,7 +59,7 @@ bool TShellDatumShift::LoadFromXML(TKvXIniReader* reader) {
     if (reader == nullptr) {
         return false;
     }
-    int const type = DatumDetail::ReadInt(reader, typeKey, 0);
+    int const type = ReadXmlInt(reader, typeKey, 0);
     if (!(type >= dstMolodensky && type <= dstBursaWolfInvRot)) {
         return false;
     }
@@ -81,7 +81,7 @@ TShellDatumShift* CreateShellDatumShift(TStringTree* tree) {
 }
 
 TShellDatumShift* CreateShellDatumShift(TKvXIniReader* reader) {
-    return reader != nullptr ? Build(DatumDetail::ReadInt(reader, typeKey, 0), reader) : nullptr;
+    return reader != nullptr ? Build(ReadXmlInt(reader, typeKey, 0), reader) : nullptr;
 }
 
 } // namespace KvRefSystem

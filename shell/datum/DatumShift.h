@@ -22,26 +22,42 @@ enum TShellDatumShiftType : int {
 /** A datum shift to WGS 84 as the user gave it: texts with their units. Builds the core shift on request. */
 class TShellDatumShift {
 public:
-    /** @throws std::runtime_error with "TShellDatumShift::TShellDatumShift(TStringTree *tree)" without a type. */
+    /**
+     * @throws std::runtime_error with "TShellDatumShift::TShellDatumShift(TStringTree *tree)" without a type.
+     */
     explicit TShellDatumShift(TStringTree* tree);
 
-    /** @throws std::runtime_error with "TShellDatumShift::TShellDatumShift(TKvXIniReader *xml)" for a type outside 1 to 3. */
+    /**
+     * @throws std::runtime_error with "TShellDatumShift::TShellDatumShift(TKvXIniReader *xml)" for a type
+     *         outside 1 to 3.
+     */
     explicit TShellDatumShift(TKvXIniReader* xml);
 
     TShellDatumShift(TShellDatumShift const&) = delete;
     TShellDatumShift& operator=(TShellDatumShift const&) = delete;
     virtual ~TShellDatumShift();
 
-    /** @return a new core shift, owned by the caller. @throws std::runtime_error for a text that doesn't parse. */
+    /**
+     * @return a new core shift, owned by the caller.
+     * @throws std::runtime_error for a text that doesn't parse.
+     */
     virtual TDatumShift* Create() const = 0;
 
-    /** Replaces `text` by the numbers of the MapInfo clause: metres, seconds, ppm, to eight places. @return true. */
+    /**
+     * Replaces `text` by the numbers of the MapInfo clause: metres, seconds, ppm, to eight places.
+     * @return false without a unit, else true.
+     * @throws as `Create`.
+     */
     virtual bool ExportToMIFMID(std::string* text) const = 0;
 
-    /** Replaces `text` by the WKT TOWGS84: metres, seconds of arc, ppm. @return true. */
+    /**
+     * Replaces `text` by the WKT TOWGS84: metres, seconds of arc, ppm.
+     * @return false without a unit, else true.
+     * @throws as `Create`.
+     */
     virtual bool ExportToWKT(std::string* text) const = 0;
 
-    /** Writes geokey 2062. @return true. */
+    /** Writes geokey 2062. @return false without a unit, else true. @throws as `Create`. */
     virtual bool ExportToGeoTIFF(std::map<int, std::string>* keys) const = 0;
 
     /** Reads "DatumShiftType". @return false for a type outside 1 to 3. */
@@ -53,17 +69,27 @@ public:
     /** Chooses the exact form of the rotations. @return false in forms that have none, as here. */
     virtual bool SetNonLinear(bool nonLinear);
 
-    /** Stores translations (metres), rotations (seconds of arc, coordinate frame sign) and scale (ppm). @return true. */
+    /**
+     * Stores translations (metres), rotations (seconds of arc, coordinate frame sign) and scale (ppm).
+     * @return false without a unit, else true.
+     * @throws as `Create`.
+     */
     virtual bool GetDatumShiftParams(double* dx, double* dy, double* dz, double* rx, double* ry, double* rz,
                                      double* ds) const = 0;
 
     int Type = 0; ///< a `TShellDatumShiftType`
 };
 
-/** @return the shift in the form that the tree names, owned by the caller; null without or with another form. @throws as the class. */
+/**
+ * @return the shift in the form that the tree names, owned by the caller; null without or with another form.
+ * @throws as the class.
+ */
 TShellDatumShift* CreateShellDatumShift(TStringTree* tree);
 
-/** @return the shift in the form that "DatumShiftType" names, owned by the caller; null for another form. @throws as the class. */
+/**
+ * @return the shift in the form that "DatumShiftType" names, owned by the caller; null for another form.
+ * @throws as the class.
+ */
 TShellDatumShift* CreateShellDatumShift(TKvXIniReader* reader);
 
 } // namespace KvRefSystem

@@ -11,8 +11,6 @@
 
 namespace KvRefSystem {
 
-using DatumDetail::ReadInt;
-using DatumDetail::ReadText;
 using DatumDetail::ValueInBase;
 using LumCommonUtils::WriteNonNegativeInt;
 using LumCommonUtils::WriteNonZeroInt;
@@ -206,14 +204,14 @@ bool TShellEllipsoid::LoadFromXML(TKvXIniReader* reader) {
     unsigned long const unitItem = reader->FindF("EllipsoidLinearUnit", 0);
     LinearUnit = DatumDetail::ReadPlainUnitSection<TShellLinearUnit>(reader, "EllipsoidLinearUnit").release();
     if (unitItem != TKvXIniReader::NotFound) {
-        MajorSemiAxis = ReadText(reader, "EllipsoidMajorSemiAxis");
-        MinorSemiAxis = ReadText(reader, "EllipsoidMinorSemiAxis");
-        InverseFlattening = ReadText(reader, "EllipsoidInverseFlattening");
+        MajorSemiAxis = ReadXmlText(reader, "EllipsoidMajorSemiAxis");
+        MinorSemiAxis = ReadXmlText(reader, "EllipsoidMinorSemiAxis");
+        InverseFlattening = ReadXmlText(reader, "EllipsoidInverseFlattening");
     }
-    Name = ReadText(reader, "EllipsoidName");
-    Description = ReadText(reader, "EllipsoidDescription");
-    GeoTIFFCode = ReadInt(reader, "EllipsoidGeoTIFFCode", 0);
-    MIFMIDCode = ReadInt(reader, "EllipsoidMIFMIDCode", -1);
+    Name = ReadXmlText(reader, "EllipsoidName");
+    Description = ReadXmlText(reader, "EllipsoidDescription");
+    GeoTIFFCode = ReadXmlInt(reader, "EllipsoidGeoTIFFCode", 0);
+    MIFMIDCode = ReadXmlInt(reader, "EllipsoidMIFMIDCode", -1);
     return LinearUnit != nullptr && !MajorSemiAxis.empty() &&
            (!MinorSemiAxis.empty() || !InverseFlattening.empty());
 }

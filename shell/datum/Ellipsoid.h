@@ -25,16 +25,26 @@ public:
     /** Empties everything and frees the unit. */
     void Reset();
 
-    /** @return a new core ellipsoid in metres, owned by the caller. @throws std::runtime_error for a text that doesn't parse. */
+    /**
+     * @return a new core ellipsoid in metres, owned by the caller.
+     * @throws std::runtime_error for a text that doesn't parse.
+     */
     TEllipsoid* Create() const;
 
-    /** Stores the semi-axes in metres. @return false, outputs untouched, without a unit or a needed text. */
+    /**
+     * Stores the semi-axes in metres.
+     * @return false, outputs untouched, without a unit or a needed text.
+     * @throws as `Create`.
+     */
     bool GetSemiAxesMeters(double* major, double* minor) const;
 
-    /** Replaces `text` by the WKT SPHEROID. @return true. @throws as `Create`. */
+    /** Replaces `text` by the WKT SPHEROID. @return false without a unit, else true. @throws as `Create`. */
     bool ExportToWKT(std::string* text) const;
 
-    /** Writes geokeys 2056 to 2059, in `unit`, or as they stand with null. @return true. @throws as `Create`. */
+    /**
+     * Writes geokeys 2056 to 2059, in `unit`; with null as they stand, and the own unit's 2052 and 2053.
+     * @return false without a unit, else true. @throws as `Create`.
+     */
     bool ExportToGeoTIFF(std::map<int, std::string>* keys, TShellLinearUnit const* unit) const;
 
     /** @return false without a unit, a major and a second text. */

@@ -3,8 +3,8 @@
 #include "core/refsystems/ReferenceSystem.h"
 #include "frame/NumberText.h"
 #include "frame/imported/BaseGrid.h"
-// The systems own their geoids, and a geoid asks the systems for heights: the knot is tied here, in one direction,
-// so that the header knows a forward declaration only.
+// The systems own their geoids, and a geoid asks the systems for heights: the knot is tied here, in one
+// direction, so that the header knows a forward declaration only.
 #include "shell/refsystems/ReferenceSystem.h"
 
 #include <cmath>
@@ -113,8 +113,8 @@ void TShellGeoid::GeoidToEllipsoid(TShellReferenceSystem const* system, double* 
     if (system == nullptr) {
         throw std::runtime_error(toEllipsoid);
     }
-    // The plane position in the grid depends on the height over the ellipsoid, which is sought: iteration on the
-    // undulation. The first round always goes on unless the undulation is below the tolerance itself.
+    // The plane position in the grid depends on the height over the ellipsoid, which is sought: iteration on
+    // the undulation. The first round always goes on unless the undulation is below the tolerance itself.
     double const systemCoef = system->GetHeightUnitCoefToBase();
     double const heightOverGeoid = coords[2] * systemCoef;
     double previous = 0.0;

@@ -16,7 +16,10 @@ class TShellReferenceSystem;
  */
 class TShellGeoid {
 public:
-    /** @param id identifier, with an optional constant undulation at its end ("a.grd###-0.25", in the grid's height unit). */
+    /**
+     * @param id identifier, with an optional constant undulation at its end ("a.grd###-0.25", in the grid's
+     *         height unit).
+     */
     TShellGeoid(std::string const& id, TBaseGrid* grid, TShellReferenceSystem const* gridSystem);
 
     /** A copy, preset for `system`. */
@@ -37,21 +40,29 @@ public:
 
     /**
      * @param gridCoords shell coordinates of the grid's system. @return the undulation in its height unit.
-     * @throws std::runtime_error with "double TShellGeoid::Undulation(const double grid_coords[3]) const" outside the grid.
+     * @throws std::runtime_error with "double TShellGeoid::Undulation(const double grid_coords[3]) const"
+     *         outside the grid.
      */
     double Undulation(double const* gridCoords) const;
 
     /**
-     * Height over the geoid to height over the ellipsoid in `coords[2]`, in `system`'s shell units, by iteration to
-     * 1 mm. @throws std::runtime_error with "void TShellGeoid::GeoidToEllipsoid(const TShellReferenceSystem*,
-     * double[3]) const" without convergence; as `Undulation`; as the coordinate operation.
+     * Height over the geoid to height over the ellipsoid in `coords[2]`, in `system`'s shell units, by
+     * iteration to 1 mm. @throws std::runtime_error with "void TShellGeoid::GeoidToEllipsoid(const
+     * TShellReferenceSystem*, double[3]) const" without convergence; as `Undulation`; as the coordinate
+     * operation.
      */
     void GeoidToEllipsoid(TShellReferenceSystem const* system, double* coords) const;
 
-    /** Height over the ellipsoid to height over the geoid in `coords[2]`. @throws as `Undulation` and the coordinate operation. */
+    /**
+     * Height over the ellipsoid to height over the geoid in `coords[2]`.
+     * @throws as `Undulation` and the coordinate operation.
+     */
     void EllipsoidToGeoid(TShellReferenceSystem const* system, double* coords) const;
 
-    /** The same for the preset system; one lookup where that is enough. @throws std::runtime_error without a preset system. */
+    /**
+     * The same for the preset system; one lookup where that is enough.
+     * @throws std::runtime_error without a preset system.
+     */
     void GeoidToEllipsoid(double* coords) const;
 
     /** The same for the preset system. @throws std::runtime_error without a preset system. */

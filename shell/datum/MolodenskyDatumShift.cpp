@@ -135,7 +135,7 @@ bool TShellMolodenskyDatumShift::LoadFromXML(TKvXIniReader* reader) {
     }
     bool complete = true;
     for (TTranslation const& row : translations) {
-        this->*row.text = DatumDetail::ReadText(reader, row.key);
+        this->*row.text = ReadXmlText(reader, row.key);
         complete = complete && !(this->*row.text).empty();
     }
     return complete;

@@ -8,10 +8,16 @@ namespace KvRefSystem {
 /** Three translations [EPSG7-2, 9603]; the core shift is a linear one without rotations. */
 class TShellMolodenskyDatumShift : public TShellDatumShift {
 public:
-    /** @throws std::runtime_error with "TShellMolodenskyDatumShift::TShellMolodenskyDatumShift(TStringTree *tree)". */
+    /**
+     * @throws std::runtime_error with "TShellMolodenskyDatumShift::TShellMolodenskyDatumShift(TStringTree
+     *         *tree)"; as root and unit.
+     */
     explicit TShellMolodenskyDatumShift(TStringTree* tree);
 
-    /** @throws std::runtime_error with "TShellMolodenskyDatumShift::TShellMolodenskyDatumShift(TKvXIniReader *xml)". */
+    /**
+     * @throws std::runtime_error with "TShellMolodenskyDatumShift::TShellMolodenskyDatumShift(TKvXIniReader
+     *         *xml)".
+     */
     explicit TShellMolodenskyDatumShift(TKvXIniReader* xml);
 
     ~TShellMolodenskyDatumShift() override;

@@ -12,7 +12,6 @@
 
 namespace KvRefSystem {
 
-using DatumDetail::ReadText;
 using DatumDetail::ValueInBase;
 using LumCommonUtils::WriteNonZeroInt;
 using LumCommonUtils::WriteNotEmptyString;
@@ -153,10 +152,10 @@ bool TShellPrimeMeridian::LoadFromXML(TKvXIniReader* reader) {
     if (AngularUnit == nullptr) {
         return false;
     }
-    Longitude = ReadText(reader, "PrimeMeridianLongitude");
-    Name = ReadText(reader, "PrimeMeridianName");
-    Description = ReadText(reader, "PrimeMeridianDescription");
-    GeoTIFFCode = DatumDetail::ReadInt(reader, "PrimeMeridianGeoTIFFCode", 0);
+    Longitude = ReadXmlText(reader, "PrimeMeridianLongitude");
+    Name = ReadXmlText(reader, "PrimeMeridianName");
+    Description = ReadXmlText(reader, "PrimeMeridianDescription");
+    GeoTIFFCode = ReadXmlInt(reader, "PrimeMeridianGeoTIFFCode", 0);
     if (Longitude.empty()) {
         return false;
     }

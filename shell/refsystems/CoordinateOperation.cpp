@@ -9,7 +9,9 @@ namespace KvRefSystem {
 
 namespace {
 
-/** The datum shift's subtree of a description, whose base system lies deeper in the kinds that contain one. */
+/**
+ * The datum shift's subtree of a description, whose base system lies deeper in the kinds that contain one.
+ */
 TStringTree* FindDatumShiftSettings(TStringTree* tree, bool insidePrimarySystem) {
     if (tree && insidePrimarySystem) {
         tree = tree->FindSubtree(DescriptionTag::PrimarySystem, 0);

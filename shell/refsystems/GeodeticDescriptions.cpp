@@ -56,7 +56,7 @@ bool CopyDatumOrEllipsoid(TStringTree const& saved, TStringTree* tree) {
 
 bool FillGeodetic(TStringTree const* saved, TDerivedTexts const& texts, bool (*fillAngularUnit)(TStringTree*),
                   TStringTree* tree) {
-    return saved && InsertTexts(tree, texts) &&
+    return saved && tree && InsertTexts(tree, texts) &&
            CopySaved(*saved, DescriptionTag::PrimeMeridian, "prime meridian", tree) &&
            InsertUnit(tree, "angular units", DescriptionTag::AngularUnit, fillAngularUnit) &&
            InsertMetreHeights(tree) && CopyDatumOrEllipsoid(*saved, tree);
@@ -64,7 +64,7 @@ bool FillGeodetic(TStringTree const* saved, TDerivedTexts const& texts, bool (*f
 
 /** A geocentric system takes the datum over; an ellipsoid alone tells it nothing, but must be there. */
 bool FillGeocentric(TStringTree const* saved, TDerivedTexts const& texts, TStringTree* tree) {
-    if (!saved || !InsertTexts(tree, texts) ||
+    if (!saved || !tree || !InsertTexts(tree, texts) ||
         !CopySaved(*saved, DescriptionTag::PrimeMeridian, "prime meridian", tree) ||
         !InsertUnit(tree, "linear unit", DescriptionTag::LinearUnit, FillMeterTree)) {
         return false;

@@ -135,7 +135,7 @@ bool TShellGeodeticReferenceSystem::ExportToGeoTIFF(std::map<int, std::string>* 
                                                     TShellAngularUnit const* unit) const {
     return ReportFailure([&] {
         TShellLinearUnit const* const heightUnit = HeightUnitOf(*this);
-        if (!unit || !heightUnit || !TShellReferenceSystem::ExportToGeoTIFF(keys, WithGeoid)) {
+        if (!TShellReferenceSystem::ExportToGeoTIFF(keys, WithGeoid) || !unit || !heightUnit) {
             return false;
         }
         if (!GeoTIFFCode.empty()) {
@@ -144,8 +144,12 @@ bool TShellGeodeticReferenceSystem::ExportToGeoTIFF(std::map<int, std::string>* 
             (*keys)[GeoKey::GeographicType] = UserDefinedGeoKey;
             (*keys)[GeoKey::GeographicCitation] = Name + " " + Description;
             (*keys)[GeoKey::GeodeticDatum] = DatumGeoTIFFCode.empty() ? UserDefinedGeoKey : DatumGeoTIFFCode;
-            if (!Ellipsoid || !Ellipsoid->ExportToGeoTIFF(keys, nullptr)) {
+            if (!Ellipsoid) {
                 return false;
+            }
+            Ellipsoid->ExportToGeoTIFF(keys, nullptr);
+            if (DatumShift) {
+                DatumShift->ExportToGeoTIFF(keys);
             }
             unit->ExportToGeoTIFF(keys, GeoKey::AngularUnits, GeoKey::AngularUnitSize);
             if (!PrimeMeridian || !PrimeMeridian->ExportToGeoTIFF(keys, unit)) {
@@ -160,7 +164,7 @@ bool TShellGeodeticReferenceSystem::ExportToGeoTIFF(std::map<int, std::string>* 
 bool TShellGeodeticReferenceSystem::ExportToGeoTIFFClassified(std::map<int, std::string>* keys) const {
     return ReportFailure([&] {
         TShellLinearUnit const* const heightUnit = HeightUnitOf(*this);
-        if (!AngularUnit || !heightUnit || !TShellReferenceSystem::ExportToGeoTIFFClassified(keys)) {
+        if (!TShellReferenceSystem::ExportToGeoTIFFClassified(keys) || !AngularUnit || !heightUnit) {
             return false;
         }
         (*keys)[GeoKey::GeographicType] = UserDefinedGeoKey;

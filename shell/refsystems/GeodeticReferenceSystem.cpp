@@ -2,7 +2,7 @@
 
 #include "core/primitives/Ellipsoid.h"
 #include "core/refsystems/GeodeticReferenceSystem.h"
-#include "frame/XmlSections.h"
+#include "frame/XmlSectionsDetail.h"
 #include "shell/refsystems/DescriptionTags.h"
 
 #include <cmath>
@@ -22,14 +22,16 @@ constexpr double HalfPi = 1.5707963267948966;
 
 TShellAngularUnit const& AngularUnitOf(TShellGeodeticReferenceSystem const& system) {
     if (!system.AngularUnit) {
-        throw std::runtime_error("TShellGeodeticReferenceSystem: no angular unit");
+        throw std::runtime_error(
+            "const TShellAngularUnit& TShellGeodeticReferenceSystem::GetAngularUnit() const");
     }
     return *system.AngularUnit;
 }
 
 TShellLinearUnit const& HeightUnitOf(TShellGeodeticReferenceSystem const& system) {
     if (!system.Vertical || !system.Vertical->HeightUnit) {
-        throw std::runtime_error("TShellGeodeticReferenceSystem: no height unit");
+        throw std::runtime_error(
+            "const TShellLinearUnit& TShellGeodeticReferenceSystem::GetHeightUnit() const");
     }
     return *system.Vertical->HeightUnit;
 }
@@ -43,8 +45,10 @@ double ReportedLongitude(TShellGeodeticReferenceSystem const& system, double lon
     return system.PositiveLongitude && longitude < 0 ? longitude + TwoPi : longitude;
 }
 
+/** @param pairwise fills the core's pairwise chains after the other pieces are made. */
+template <class Pairwise>
 std::unique_ptr<TReferenceSystem> CreateCore(TShellGeodeticReferenceSystem const& system,
-                                             std::map<std::string, TRefSystemTransformsSet> const& pairwise) {
+                                             Pairwise fillPairwise) {
     std::unique_ptr<TDatumShift> const shift(system.DatumShift ? system.DatumShift->Create() : nullptr);
     std::unique_ptr<TPrimeMeridian> const meridian(system.PrimeMeridian ? system.PrimeMeridian->Create()
                                                                         : nullptr);
@@ -53,8 +57,11 @@ std::unique_ptr<TReferenceSystem> CreateCore(TShellGeodeticReferenceSystem const
     }
     std::unique_ptr<TEllipsoid> const ellipsoid(system.Ellipsoid->Create());
     std::unique_ptr<TRefSystemTransformsSet> const chain(system.Transform->CreateCoreTransform(false, 1, 1));
-    if (!chain) {
-        throw std::bad_alloc();
+    std::map<std::string, TRefSystemTransformsSet> pairwise;
+    if (!chain || !fillPairwise(&pairwise)) {
+        throw std::runtime_error(
+            "TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TStringTree *tree, "
+            "TKvProgressHandler *prh)");
     }
     return std::make_unique<TGeodeticReferenceSystem>(shift.get(), meridian.get(), ellipsoid.get(), *chain,
                                                       pairwise);
@@ -71,13 +78,9 @@ TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TStringTree* tree, 
     }
     auto verticalSystem = std::make_unique<TShellVerticalReferenceSystem>(vertical);
 
-    std::map<std::string, TRefSystemTransformsSet> pairwise;
-    if (!InitializeCorePairwiseTransforms(&pairwise)) {
-        throw std::runtime_error(
-            "TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TStringTree *tree, "
-            "TKvProgressHandler *prh)");
-    }
-    CoreRefSystem = CreateCore(*this, pairwise).release();
+    using TPairwise = std::map<std::string, TRefSystemTransformsSet>;
+    CoreRefSystem =
+        CreateCore(*this, [this](TPairwise* out) { return InitializeCorePairwiseTransforms(out); }).release();
 
     TStringTree* const angular = tree->FindSubtree(DescriptionTag::AngularUnit, 0);
     std::unique_ptr<TShellAngularUnit> angularUnit(angular ? CreateShellAngularUnit(angular) : nullptr);
@@ -99,7 +102,7 @@ TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TKvXIniReader* xml,
         }
         // The XML form holds no chains: the system begins with empty ones.
         Transform = new TShellRefSystemTransform;
-        CoreRefSystem = CreateCore(*this, {}).release();
+        CoreRefSystem = CreateCore(*this, [](auto*) { return true; }).release();
     } catch (...) {
         delete AngularUnit;
         delete Vertical;
@@ -114,13 +117,15 @@ TShellGeodeticReferenceSystem::~TShellGeodeticReferenceSystem() {
 
 void TShellGeodeticReferenceSystem::CoordsShellToCore(double const* shell, TCoords* core) const {
     double const toRadians = AngularUnitOf(*this).CoefToBase;
-    core->Y = toRadians * shell[0];
-    core->X = toRadians * shell[1];
+    double latitude = toRadians * shell[0];
+    double longitude = toRadians * shell[1];
+    NormalizeLatitude(latitude);
+    NormalizeLongitude(longitude);
     if (!core->ZUndefined) {
         core->Z = HeightUnitOf(*this).CoefToBase * shell[2];
     }
-    NormalizeLatitude(core->Y);
-    NormalizeLongitude(core->X);
+    core->Y = latitude;
+    core->X = longitude;
 }
 
 void TShellGeodeticReferenceSystem::CoordsCoreToShell(TCoords const& core, double* shell) const {
@@ -270,9 +275,15 @@ bool TShellGeodeticReferenceSystem::operator==(TShellReferenceSystem const& othe
 
 bool TShellGeodeticReferenceSystem::LoadFromXML(TKvXIniReader* reader) {
     Reset();
-    if (!TShellReferenceSystem::LoadFromXML(reader) || Type != rstGeodetic) {
-        return false;
+    bool const loaded =
+        TShellReferenceSystem::LoadFromXML(reader) && Type == rstGeodetic && ReadOwnXML(reader);
+    if (!loaded) {
+        Reset();
     }
+    return loaded;
+}
+
+bool TShellGeodeticReferenceSystem::ReadOwnXML(TKvXIniReader* reader) {
     try {
         PositiveLongitude = reader->Read<bool>(reader->FindF("RefSystemPositiveLongitude", 0), false);
         TXmlReadSection angular(reader, "RefSystemAngularUnit");
@@ -295,7 +306,7 @@ bool TShellGeodeticReferenceSystem::LoadFromXML(TKvXIniReader* reader) {
 }
 
 bool TShellGeodeticReferenceSystem::SaveToXML(TKvXIniWriter* writer) const {
-    return TShellReferenceSystem::SaveToXML(writer) &&
+    return writer && TShellReferenceSystem::SaveToXML(writer) &&
            writer->WriteS<bool>("RefSystemPositiveLongitude", PositiveLongitude) && AngularUnit &&
            WriteXmlSection(writer, "RefSystemAngularUnit", [&] { return AngularUnit->SaveToXML(writer); }) &&
            Vertical &&
@@ -385,7 +396,8 @@ bool TShellGeodeticReferenceSystem::InsertCorePairwiseTransforms(std::string con
     if (!set) {
         return false;
     }
-    // A name that the core has already keeps its first set there: kept, since hosts remove before they replace.
+    // A name that the core has already keeps its first set there: kept, since hosts remove before they
+    // replace.
     CoreRefSystem->SetPairwiseTransforms(name, *set);
     return true;
 }

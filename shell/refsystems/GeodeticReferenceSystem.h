@@ -18,16 +18,17 @@ class TShellGeodeticReferenceSystem : public TShellReferenceSystem {
 public:
     /**
      * @param progress isn't used.
-     * @throws std::runtime_error with "TShellGeodeticReferenceSystem(TStringTree *tree, TKvProgressHandler *prh)" without
-     *         angular unit, vertical system or ellipsoid; with "TShellGeodeticReferenceSystem::
-     *         TShellGeodeticReferenceSystem(TStringTree *tree, TKvProgressHandler *prh)" for a pairwise chain without
-     *         a core form; as the components.
+     * @throws std::runtime_error with "TShellGeodeticReferenceSystem(TStringTree *tree, TKvProgressHandler
+     *         *prh)" without angular unit, vertical system or ellipsoid; with
+     *         "TShellGeodeticReferenceSystem:: TShellGeodeticReferenceSystem(TStringTree *tree,
+     *         TKvProgressHandler *prh)" for a pairwise chain without a core form; as the components.
      */
     TShellGeodeticReferenceSystem(TStringTree* tree, TKvProgressHandler* progress);
 
     /**
      * @param progress isn't used.
-     * @throws std::runtime_error with "TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TKvXIniReader *xml)".
+     * @throws std::runtime_error with
+     *         "TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TKvXIniReader *xml)".
      */
     TShellGeodeticReferenceSystem(TKvXIniReader* xml, TKvProgressHandler* progress);
 
@@ -46,7 +47,7 @@ public:
                       TShellUnit const* height, int heightPrecision) const override;
     void OutputCoordsDef(double const* shell, TShellCoords* texts) const override;
     bool FillInternalRefSystemTree(TStringTree* tree, TShellCoords const& origin) const override;
-    /** @return 0, or 9 for any failure; the three below likewise. */
+    /** @return 0, or 9 for any failure; the two below likewise. */
     int FillPrimaryGeodeticRefSystemTree(TStringTree* tree) const override;
     int FillPrimaryGeodeticRefSystemTreeDeg(TStringTree* tree) const override;
     int FillPrimaryGeocentricRefSystemTree(TStringTree* tree) const override;
@@ -78,7 +79,11 @@ public:
     bool ExportToGeoTIFF(std::map<int, std::string>* keys, bool WithGeoid,
                          TShellAngularUnit const* unit) const;
 
-    /** Replaces `text` by the WKT GEOGCS. @param UseDegrees names the unit degree. @param name of the system, or empty for its own. */
+    /**
+     * Replaces `text` by the WKT GEOGCS.
+     * @param UseDegrees names the unit degree.
+     * @param name of the system, or empty for its own.
+     */
     bool Export2DToWKT(std::string* text, bool UseDegrees, std::string const& name) const;
 
     /** Replaces `text` by the WKT VERT_CS: above `geoidId`, or above the ellipsoid for an empty one. */
@@ -87,6 +92,9 @@ public:
     TShellAngularUnit* AngularUnit = nullptr;          ///< unit of the first two coordinates, owned
     bool PositiveLongitude = false;                    ///< longitudes are reported in [0, 2 pi)
     TShellVerticalReferenceSystem* Vertical = nullptr; ///< holds the height unit, owned
+
+private:
+    bool ReadOwnXML(TKvXIniReader* reader);
 };
 
 } // namespace KvRefSystem

@@ -19,20 +19,31 @@ std::string GeoidSettingOf(TStringTree const* tree) {
     return id;
 }
 
+/** @return how many proxies a description nests, one inside the other. */
+int CountNestedProxies(TStringTree const* tree) {
+    int count = 0;
+    for (TStringTree const* level = tree->FindSubtree(DescriptionTag::Proxy, 0); level;
+         level = level->FindSubtree(DescriptionTag::Proxy, 0)) {
+        ++count;
+    }
+    return count;
+}
+
 } // namespace
 
 bool TShellReferenceSystem::SetGeoid(std::string const& id, TBaseGrid* grid,
                                      TShellReferenceSystem const* gridRefSys) {
     try {
+        std::string const newId = id; // the caller's may be the present geoid's own
         if (Geoid) {
             ClearGeoid();
         }
         if (!grid || !gridRefSys) {
             throw std::invalid_argument("a geoid needs a grid and the grid's reference system");
         }
-        Geoid = new TShellGeoid(id, grid, gridRefSys);
+        Geoid = new TShellGeoid(newId, grid, gridRefSys);
         Geoid->Preset(this);
-        return InsertGeoidSetting(id);
+        return InsertGeoidSetting(newId);
     } catch (...) {
         delete Geoid;
         Geoid = nullptr;
@@ -51,10 +62,11 @@ bool TShellReferenceSystem::InsertGeoidSetting(std::string const& id) {
     if (!SavedTree) {
         return false;
     }
+    std::string const newId = id; // the caller's may be the field's own text
     SavedTree->DeleteSubtree(DescriptionTag::Geoid, 0);
     return SavedTree->InsertSubtree("Geoid", DescriptionTag::Geoid, 0) &&
            SavedTree->FindSubtree(DescriptionTag::Geoid, 0)
-               ->InsertString("GeoidID", DescriptionTag::GeoidId, 0, id);
+               ->InsertString("GeoidID", DescriptionTag::GeoidId, 0, newId);
 }
 
 void TShellReferenceSystem::ClearGeoidSetting() {
@@ -115,11 +127,16 @@ void TShellReferenceSystem::DeleteProxyRefSysFromTree() {
 
 bool TShellReferenceSystem::InsertProxyRefSysToTree(TShellReferenceSystem const*) {
     DeleteProxyRefSysFromTree();
-    if (!SavedTree || !ProxyRefSys || !ProxyRefSys->SavedTree || ProxyRefSys.get() == this) {
+    if (!SavedTree || !ProxyRefSys || !ProxyRefSys->SavedTree || ProxyRefSys.get() == this ||
+        CountNestedProxies(ProxyRefSys->SavedTree) >= MaxProxyDepth) {
         return false;
     }
-    return SavedTree->InsertSubtree("Proxy reference system", DescriptionTag::Proxy, 0) &&
-           ProxyRefSys->SavedTree->CopyTo(SavedTree->FindSubtree(DescriptionTag::Proxy, 0));
+    if (SavedTree->InsertSubtree("Proxy reference system", DescriptionTag::Proxy, 0) &&
+        ProxyRefSys->SavedTree->CopyTo(SavedTree->FindSubtree(DescriptionTag::Proxy, 0))) {
+        return true;
+    }
+    DeleteProxyRefSysFromTree();
+    return false;
 }
 
 var_a<TShellReferenceSystem*> TShellReferenceSystem::GetProxyRefSys() const {

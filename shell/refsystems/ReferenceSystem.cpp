@@ -14,9 +14,6 @@ namespace KvRefSystem {
 
 namespace {
 
-/** Proxies of proxies that a description may nest: each level holds a copy of all that lies below it. */
-constexpr int MaxProxyDepth = 32;
-
 [[noreturn]] void FailConstruction() {
     throw std::runtime_error("TShellReferenceSystem::TShellReferenceSystem(TStringTree *tree)");
 }
@@ -99,6 +96,9 @@ TShellReferenceSystem::~TShellReferenceSystem() {
 }
 
 void TShellReferenceSystem::ReadDescription(TStringTree* tree) {
+    if (!tree) {
+        FailConstruction();
+    }
     int type = 0;
     bool required = tree->GetInteger(DescriptionTag::Type, 0, &type);
     Type = static_cast<TReferenceSystemType>(type);
@@ -239,7 +239,7 @@ bool TShellReferenceSystem::WriteToString(std::string& text) const {
 }
 
 bool TShellReferenceSystem::WriteToXML(TKvXIniWriter* writer) const {
-    return SavedTree && SavedTree->WriteToXML(writer);
+    return SavedTree && writer && SavedTree->WriteToXML(writer);
 }
 
 TShellReferenceSystem* TShellReferenceSystem::CreateCopy() const {
@@ -300,7 +300,7 @@ bool TShellReferenceSystem::operator^=(TShellReferenceSystem const& other) const
 }
 
 bool TShellReferenceSystem::FillInternalRefSystemTree(TStringTree* tree, TShellCoords const&) const {
-    if (!InsertFields(tree, InternalSystemFields) ||
+    if (!tree || !InsertFields(tree, InternalSystemFields) ||
         !tree->InsertSubtree("linear unit", DescriptionTag::LinearUnit, 0)) {
         return false;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/refsystems/FamilyEquality.h"
 #include "core/refsystems/ReferenceSystem.h"
 #include "frame/imported/Geometry.h"
 #include "frame/imported/SharedHandle.h"
@@ -12,7 +13,6 @@
 #include "shell/transforms/TransformChain.h"
 #include "shell/units/Unit.h"
 
-#include <concepts>
 #include <map>
 #include <string>
 #include <vector>
@@ -27,6 +27,12 @@ namespace KvRefSystem {
 using var_a_legacy::newobj_a;
 using var_a_legacy::var_a;
 
+/**
+ * Proxies of proxies that a description may nest. Each level holds a copy of all that lies below it, so the
+ * memory grows with the square of the depth; a deeper nest is refused.
+ */
+inline constexpr int MaxProxyDepth = 32;
+
 /** Direction of an axis. */
 enum TCardinalDirection : int {
     cdNone = 0,
@@ -37,13 +43,13 @@ enum TCardinalDirection : int {
 };
 
 /**
- * The user-facing reference system: names, units, codes, datum components, chains of corrections, and one core
- * system that does the arithmetic.
+ * The user-facing reference system: names, units, codes, datum components, chains of corrections, and one
+ * core system that does the arithmetic.
  *
- * Born from a description tree (or its text), which stays its identity: `SavedTree` is a private copy, and what
- * changes on a live system changes the component, the description and the core, in this order. A system read
- * from XML has no description tree: operations on the description then report failure, and it carries no
- * chains, no proxy and no geoid.
+ * Born from a description tree (or its text), which stays its identity: `SavedTree` is a private copy, and
+ * what changes on a live system changes the component, the description and the core, so that they stay in
+ * step. A system read from XML has no description tree: operations on the description then report failure,
+ * and it carries no chains, no proxy and no geoid.
  *
  * Coordinate operations only read and may run on several threads at once, as long as no thread changes the
  * system. Everything else is for one thread at a time.
@@ -54,13 +60,19 @@ public:
     TShellReferenceSystem& operator=(TShellReferenceSystem const&) = delete;
     virtual ~TShellReferenceSystem();
 
-    /** Three numbers in shell units to a core point. The flag `ZUndefined` is the caller's in the geodetic kind. */
+    /**
+     * Three numbers in shell units to a core point. The flag `ZUndefined` is the caller's in the geodetic
+     * kind.
+     */
     virtual void CoordsShellToCore(double const* shell, TCoords* core) const = 0;
 
     /** A core point to three numbers in shell units. */
     virtual void CoordsCoreToShell(TCoords const& core, double* shell) const = 0;
 
-    /** Three texts in shell units to a core point. @throws std::runtime_error for a text that doesn't parse. */
+    /**
+     * Three texts in shell units to a core point.
+     * @throws std::runtime_error for a text that doesn't parse.
+     */
     virtual void CoordsShellToCore(TShellCoords const& shell, TCoords* core) const = 0;
 
     /** A core point to three texts. */
@@ -90,7 +102,10 @@ public:
      */
     virtual bool FillInternalRefSystemTree(TStringTree* tree, TShellCoords const& origin) const;
 
-    /** Fills `tree` with a geodetic system in radians on the same datum. @return 0, or the kind's status of a failure. */
+    /**
+     * Fills `tree` with a geodetic system in radians on the same datum.
+     * @return 0, or the kind's status of a failure.
+     */
     virtual int FillPrimaryGeodeticRefSystemTree(TStringTree* tree) const = 0;
 
     /** Fills `tree` with a geodetic system in degrees on the same datum. @return as above. */
@@ -105,7 +120,10 @@ public:
     /** Writes the system's geokeys. @return false when the system has no form there. */
     virtual bool ExportToGeoTIFF(std::map<int, std::string>* keys, bool WithGeoid) const;
 
-    /** Writes the system's geokeys without what tells its datum. @return false when the system has no form there. */
+    /**
+     * Writes the system's geokeys without what tells its datum.
+     * @return false when the system has no form there.
+     */
     virtual bool ExportToGeoTIFFClassified(std::map<int, std::string>* keys) const;
 
     /** Replaces `text` by WKT of 2001. @return false, `text` untouched, when a part has no form there. */
@@ -114,10 +132,15 @@ public:
     /** Writes the Panorama keys. @return false when the system has no form there. */
     virtual bool ExportToPanorama(std::map<int, std::string>* keys, bool WithGeoid) const;
 
-    /** @return whether the second coordinate lies to the right of the first (latitude first, or north first). */
+    /**
+     * @return whether the second coordinate lies to the right of the first (latitude first, or north first).
+     */
     virtual bool IsLeft() const = 0;
 
-    /** Stores the sphere's radius of a local curved system. @return false, nothing written, in other kinds. */
+    /**
+     * Stores the sphere's radius of a local curved system.
+     * @return false, nothing written, in other kinds.
+     */
     virtual bool GetSphereRadius(double* radius) const;
 
     /** Stores the directions of the first two axes. @return whether they have one. */
@@ -126,7 +149,10 @@ public:
     /** @return the projection's name; empty in kinds without one. */
     virtual std::string GetMapProjectionName() const;
 
-    /** @return base units (radians or metres) in one plane unit. @throws std::runtime_error without a unit, as the seven below. */
+    /**
+     * @return base units (radians or metres) in one plane unit.
+     * @throws std::runtime_error without a unit, as the seven below.
+     */
     virtual double GetPlaneUnitCoefToBase() const = 0;
     virtual std::string GetPlaneUnitName() const = 0;
     /** @return the plane unit's abbreviation, or its name without one. */
@@ -143,12 +169,15 @@ public:
     virtual bool operator==(TShellReferenceSystem const& other) const = 0;
 
     /**
-     * @return whether a transformation to `dst` leaves heights as they are; equal height units with equal geoids
-     *         are enough. Kept: the core is asked only when the geoids differ.
+     * @return whether a transformation to `dst` leaves heights as they are; equal height units with equal
+     *         geoids are enough. Kept: the core is asked only when the geoids differ.
      */
     virtual bool PreservesHeights(TShellReferenceSystem const& dst) const;
 
-    /** Reads the base's keys; the object is reset first, and again on a failure. @return false on a failure. */
+    /**
+     * Reads the base's keys; the object is reset first, and again on a failure.
+     * @return false on a failure.
+     */
     virtual bool LoadFromXML(TKvXIniReader* reader);
 
     /** Writes the base's keys. @return false at the first write that failed. */
@@ -157,7 +186,10 @@ public:
     /** Frees and empties everything but `Type`, `ProxyRefSys` and the keys of the pairwise chains. */
     virtual void Reset();
 
-    /** @param points shell coordinates of a polygon's corners. @return its area in square metres; 0 in kinds without one. */
+    /**
+     * @param points shell coordinates of a polygon's corners.
+     * @return its area in square metres; 0 in kinds without one.
+     */
     virtual double CalculateArea(std::vector<vec_t_<double, 3>> const& points) const;
 
     /** @return the datum shift, or null. */
@@ -169,27 +201,39 @@ public:
     /** Gives the core the system's own chain. @return false when it has no core form. */
     virtual bool InsertCoreTransforms() = 0;
 
-    /** Gives the core one pairwise chain, or takes it away when there is none. @return false when it has no core form. */
+    /**
+     * Gives the core one pairwise chain, or takes it away when there is none.
+     * @return false when it has no core form.
+     */
     virtual bool InsertCorePairwiseTransforms(std::string const& name) = 0;
 
     // Description, kind and codes
 
-    /** Writes the description's text and a closing NUL; null only measures. @return its length plus 1; 0 without a description. */
+    /**
+     * Writes the description's text and a closing NUL; null only measures.
+     * @return its length plus 1; 0 without a description.
+     */
     unsigned WriteToString(char* buffer) const;
 
     /**
-     * Replaces `text` by the description's text with a closing NUL as its last character (kept: hosts store the
-     * buffer as it is). @return false without a description, or when memory runs out.
+     * Replaces `text` by the description's text with a closing NUL as its last character (kept: hosts store
+     * the buffer as it is). @return false without a description, or when memory runs out.
      */
     bool WriteToString(std::string& text) const;
 
     /** Writes the description's tree. @return false without a description, or when a write failed. */
     bool WriteToXML(TKvXIniWriter* writer) const;
 
-    /** @return a new system from the description, with a copy of the geoid, owned by the caller; null without a description. */
+    /**
+     * @return a new system from the description, with a copy of the geoid, owned by the caller; null without
+     *         a description. @throws what the kind's constructor and the geoid throw.
+     */
     TShellReferenceSystem* CreateCopy() const;
 
-    /** @return whether the kind is earth-bound. @throws std::logic_error with "TShellReferenceSystem::IsGlobal" for an unknown kind. */
+    /**
+     * @return whether the kind is earth-bound.
+     * @throws std::logic_error with "TShellReferenceSystem::IsGlobal" for an unknown kind.
+     */
     bool IsGlobal() const;
     bool IsLatLon() const;
     bool IsGeocentric() const;
@@ -210,16 +254,20 @@ public:
 
     // Exports of the datum
 
-    /** Replaces `text` by the datum's numbers in the MapInfo clause. @return false, `text` untouched, without them. */
+    /**
+     * Replaces `text` by the datum's numbers in the MapInfo clause.
+     * @return false, `text` untouched, without them.
+     */
     bool ExportDatumToMIFMID(std::string* text, bool CustomDatum) const;
 
-    /** Replaces `text` by the WKT DATUM. @return true. */
+    /** Replaces `text` by the WKT DATUM. @return false, `text` untouched, when a number doesn't parse. */
     bool ExportDatumToWKT(std::string* text) const;
 
     // Coordinate operation
 
     /**
-     * Transforms three numbers in place from this system's shell coordinates to `dst`'s, by way of the proxies.
+     * Transforms three numbers in place from this system's shell coordinates to `dst`'s, by way of the
+     * proxies.
      * @param SkipGeoid leaves both geoids out. @throws what any stage throws.
      */
     void OperateShellCoords(TShellReferenceSystem const& dst, double* coords, bool SkipGeoid) const;
@@ -232,9 +280,10 @@ public:
 
     /**
      * Attaches a geoid and writes its id into the description; the old one goes first.
-     * @param grid, gridRefSys the host's; they must outlive the geoid. @return whether the setting was written.
-     * @throws std::runtime_error with "void TShellReferenceSystem::SetGeoid(TBaseGrid*, const TShellReferenceSystem*)"
-     *         for any failure; there is no geoid then.
+     * @param grid, gridRefSys the host's; they must outlive the geoid. @return whether the setting was
+     *         written.
+     * @throws std::runtime_error with "void TShellReferenceSystem::SetGeoid(TBaseGrid*, const
+     *         TShellReferenceSystem*)" for any failure; there is no geoid then.
      */
     bool SetGeoid(std::string const& id, TBaseGrid* grid, TShellReferenceSystem const* gridRefSys);
 
@@ -276,7 +325,10 @@ public:
     /** Takes the proxy's description away and keeps the proxy. */
     void DeleteProxyRefSysFromTree();
 
-    /** Rewrites the proxy's description from `ProxyRefSys`; the argument isn't used (kept). @return false when a step failed. */
+    /**
+     * Rewrites the proxy's description from `ProxyRefSys`; the argument isn't used (kept).
+     * @return false when a step failed.
+     */
     bool InsertProxyRefSysToTree(TShellReferenceSystem const* unused);
 
     /** @return a share of the proxy. */
@@ -318,7 +370,10 @@ public:
 
     // Pairwise chains, by name
 
-    /** Appends to a chain, which is made if there is none. @return false when a step failed; a new chain is gone then. */
+    /**
+     * Appends to a chain, which is made if there is none.
+     * @return false when a step failed; a new chain is gone then.
+     */
     bool AppendPairwiseTransform(std::string const& name, TShellRefSystemTransformParams const* params);
     bool DeletePairwiseTransform(std::string const& name, int index);
     bool ReplacePairwiseTransform(std::string const& name, int index,
@@ -348,21 +403,33 @@ public:
     /** @return the record, or null. */
     TShellRefSystemTransformParams* GetPairwiseTransform(std::string const& name, int index) const;
 
-    /** @return the chain's subtree in the description, or null. Kept: only the subtree with idx 0 is ever found. */
+    /**
+     * @return the chain's subtree in the description, or null. Kept: only the subtree with idx 0 is ever
+     *         found.
+     */
     TStringTree* FindPairwiseTransformsSettings(std::string const& name) const;
 
     /** Rewrites one chain in the description. @return false when a step failed. */
     bool InsertPairwiseTransformsSettings(std::string const& name);
 
-    /** Replaces `out` by the core forms of all pairwise chains. @return false at the first one without a core form. */
+    /**
+     * Replaces `out` by the core forms of all pairwise chains.
+     * @return false at the first one without a core form.
+     */
     bool InitializeCorePairwiseTransforms(std::map<std::string, TRefSystemTransformsSet>* out) const;
 
     // Datum
 
-    /** Chooses the exact form of the datum's rotations. @return false without such a form, or when a step failed. */
+    /**
+     * Chooses the exact form of the datum's rotations.
+     * @return false without such a form, or when a step failed.
+     */
     bool SetNonLinearDatum(bool NonLinear);
 
-    /** Stores metres, seconds of arc and ppm as `TShellDatumShift` does. @return false without a datum shift. */
+    /**
+     * Stores metres, seconds of arc and ppm as `TShellDatumShift` does.
+     * @return false without a datum shift.
+     */
     bool GetDatumShiftParams(double* dx, double* dy, double* dz, double* rx, double* ry, double* rz,
                              double* ds) const;
 
@@ -391,7 +458,10 @@ protected:
     /** An empty system with an empty chain. */
     TShellReferenceSystem();
 
-    /** @throws std::runtime_error with "TShellReferenceSystem::TShellReferenceSystem(TStringTree *tree)"; as the components. */
+    /**
+     * @throws std::runtime_error with "TShellReferenceSystem::TShellReferenceSystem(TStringTree *tree)"; as
+     *         the components.
+     */
     explicit TShellReferenceSystem(TStringTree* tree);
 
 private:
@@ -401,13 +471,11 @@ private:
     void FreeComponents();
 };
 
-/** Compares two classes of the family; answers C++20's reversed candidates. */
-template <class A, class C>
-    requires std::derived_from<A, TShellReferenceSystem> && std::derived_from<C, TShellReferenceSystem> &&
-        (!(std::same_as<A, TShellReferenceSystem> && std::same_as<C, TShellReferenceSystem>)) bool
-        operator==(A const& first, C const& second) {
-        return static_cast<TShellReferenceSystem const&>(first).operator==(
-            static_cast<TShellReferenceSystem const&>(second));
-    }
+/** Compares two classes of the family by the first one's operator. */
+template <class A, ComparableThrough<A, TShellReferenceSystem> C>
+bool operator==(A const& first, C const& second) {
+    return static_cast<TShellReferenceSystem const&>(first).operator==(
+        static_cast<TShellReferenceSystem const&>(second));
+}
 
 } // namespace KvRefSystem

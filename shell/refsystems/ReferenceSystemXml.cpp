@@ -1,4 +1,4 @@
-#include "frame/XmlSections.h"
+#include "frame/XmlSectionsDetail.h"
 #include "shell/refsystems/ReferenceSystem.h"
 
 #include <memory>
@@ -123,7 +123,7 @@ bool TShellReferenceSystem::LoadFromXML(TKvXIniReader* reader) {
     Reset();
     bool loaded = false;
     try {
-        loaded = ReadBase(reader, this);
+        loaded = reader && ReadBase(reader, this);
     } catch (...) {
         loaded = false;
     }
@@ -135,7 +135,8 @@ bool TShellReferenceSystem::LoadFromXML(TKvXIniReader* reader) {
 
 bool TShellReferenceSystem::SaveToXML(TKvXIniWriter* writer) const {
     using LumCommonUtils::WriteNotEmptyString;
-    if (!writer->WriteS<int>("RefSystemType", Type) || !writer->WriteS<std::string>("RefSystemName", Name) ||
+    if (!writer || !writer->WriteS<int>("RefSystemType", Type) ||
+        !writer->WriteS<std::string>("RefSystemName", Name) ||
         !WriteNotEmptyString(writer, "RefSystemDescription", Description) ||
         !WriteNotEmptyString(writer, "RefSystemAbbreviation", Abbreviation)) {
         return false;

@@ -56,7 +56,8 @@ bool TShellReferenceSystem::InsertTransformsSettings() {
 
 bool TShellReferenceSystem::AppendPairwiseTransform(std::string const& name,
                                                     TShellRefSystemTransformParams const* params) {
-    if (!params) {
+    // A chain without a name couldn't be read again.
+    if (!params || name.empty()) {
         return false;
     }
     auto const append = [&](TShellRefSystemTransform* chain) {
@@ -99,7 +100,8 @@ bool TShellReferenceSystem::ReplacePairwiseTransform(std::string const& name, in
 
 bool TShellReferenceSystem::SwapPairwiseTransforms(std::string const& name, int first, int second) {
     TShellRefSystemTransform* const chain = AccessPairwiseTransforms(name);
-    // Kept: the main chain's description and core follow, so this swap stays in memory until the name's next change.
+    // Kept: the main chain's description and core follow, so this swap stays in memory until the name's next
+    // change.
     return chain && chain->SwapTransforms(first, second) && InsertTransformsSettings() &&
            InsertCoreTransforms();
 }
@@ -173,7 +175,8 @@ TStringTree* TShellReferenceSystem::FindPairwiseTransformsSettings(std::string c
     for (int const idx : indexes) {
         TStringTree* const settings = collection->FindSubtree(DescriptionTag::PairwiseTransformSet, idx);
         std::string id;
-        // Kept: the name is looked for under the set's own idx but written under 0, so only set 0 is ever found.
+        // Kept: the name is looked for under the set's own idx but written under 0, so only set 0 is ever
+        // found.
         if (settings->GetString(DescriptionTag::TransformSetId, idx, &id) && id == name) {
             return settings;
         }

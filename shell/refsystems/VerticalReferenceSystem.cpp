@@ -1,6 +1,6 @@
 #include "shell/refsystems/VerticalReferenceSystem.h"
 
-#include "frame/XmlSections.h"
+#include "frame/XmlSectionsDetail.h"
 #include "shell/refsystems/DescriptionTags.h"
 
 #include <memory>
@@ -9,7 +9,8 @@
 namespace KvRefSystem {
 
 TShellVerticalReferenceSystem::TShellVerticalReferenceSystem(TStringTree* tree) {
-    if (TStringTree* const unit = tree->FindSubtree(DescriptionTag::LinearUnit, 0)) {
+    TStringTree* const unit = tree ? tree->FindSubtree(DescriptionTag::LinearUnit, 0) : nullptr;
+    if (unit) {
         HeightUnit = new TShellLinearUnit(unit);
     }
 }
@@ -44,6 +45,9 @@ bool TShellVerticalReferenceSystem::ExportToWKT(std::string* text) const {
 
 bool TShellVerticalReferenceSystem::LoadFromXML(TKvXIniReader* reader) {
     TShellVerticalReferenceSystem::Reset();
+    if (!reader) {
+        return false;
+    }
     try {
         TXmlReadSection section(reader, "VerticalLinearUnit");
         if (!section) {
@@ -61,7 +65,7 @@ bool TShellVerticalReferenceSystem::LoadFromXML(TKvXIniReader* reader) {
 }
 
 bool TShellVerticalReferenceSystem::SaveToXML(TKvXIniWriter* writer) const {
-    if (!HeightUnit) {
+    if (!HeightUnit || !writer) {
         return false;
     }
     return WriteXmlSection(writer, "VerticalLinearUnit", [&] { return HeightUnit->SaveToXML(writer); });

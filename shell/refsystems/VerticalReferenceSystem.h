@@ -12,7 +12,10 @@ public:
     /** Without a unit in the tree the unit is null, and using it fails. @throws as the unit. */
     explicit TShellVerticalReferenceSystem(TStringTree* tree);
 
-    /** @throws std::runtime_error with "TShellVerticalReferenceSystem::TShellVerticalReferenceSystem(TKvXIniReader *xml)". */
+    /**
+     * @throws std::runtime_error with
+     *         "TShellVerticalReferenceSystem::TShellVerticalReferenceSystem(TKvXIniReader *xml)".
+     */
     explicit TShellVerticalReferenceSystem(TKvXIniReader* xml);
 
     TShellVerticalReferenceSystem(TShellVerticalReferenceSystem const&) = delete;
@@ -22,7 +25,10 @@ public:
     /** Equal units; two missing ones are equal. */
     virtual bool operator==(TShellVerticalReferenceSystem const& other) const;
 
-    /** Replaces `text` by the WKT VERT_CS of ellipsoidal heights. @return false, `text` untouched, without a usable unit. */
+    /**
+     * Replaces `text` by the WKT VERT_CS of ellipsoidal heights.
+     * @return false, `text` untouched, without a usable unit.
+     */
     virtual bool ExportToWKT(std::string* text) const;
 
     /** @return false without a unit. */

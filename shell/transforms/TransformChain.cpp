@@ -92,7 +92,10 @@ std::unique_ptr<TParams> ReadShift(TStringTree const& tree) {
     return params;
 }
 
-/** @param number of the record in the chain, from 1: its name when it has none. @return the record, or null. */
+/**
+ * @param number of the record in the chain, from 1: its name when it has none.
+ * @return the record, or null.
+ */
 std::unique_ptr<TParams> ReadRecord(TStringTree const& tree, int number) {
     int type = 0;
     if (!tree.GetInteger(fieldType.tag, fieldType.idx, &type)) {
@@ -173,7 +176,10 @@ bool WriteFields(TStringTree* tree, TShiftParams const& params) {
            Insert(tree, fieldHeightShift, params.dH);
 }
 
-/** Writes one record into a subtree of its own. @param params null for a record that isn't of its type's class. */
+/**
+ * Writes one record into a subtree of its own.
+ * @param params null for a record that isn't of its type's class.
+ */
 template <class Params>
 bool WriteSubtree(TStringTree* tree, int position, char const* header, Params const* params) {
     if (params == nullptr || !tree->InsertSubtree(header, tagTransform, position)) {
@@ -204,7 +210,10 @@ bool WriteRecord(TStringTree* tree, int position, TParams const& params) {
     throw std::runtime_error("TShellRefSystemTransform::CreateCoreTransform");
 }
 
-/** @return the record as one of its type's class. @throws std::runtime_error for a record of another class. */
+/**
+ * @return the record as one of its type's class.
+ * @throws std::runtime_error for a record of another class.
+ */
 template <class Params>
 Params const& Cast(TParams const& params) {
     auto const* const cast = dynamic_cast<Params const*>(&params);

@@ -48,7 +48,10 @@ public:
     /** Deletes one record. @return false for a bad index. */
     bool DeleteTransform(int index);
 
-    /** Replaces one record by a copy. @return false for a bad index, a record that is false, or a failed copy. */
+    /**
+     * Replaces one record by a copy.
+     * @return false for a bad index, a record that is false, or a failed copy.
+     */
     bool ReplaceTransform(int index, TShellRefSystemTransformParams const& params);
 
     /** Exchanges two records. @return false for a bad index. */
@@ -56,13 +59,18 @@ public:
 
     /**
      * Makes the core chain.
-     * @param swap_axes, x_scale, y_scale how the user's axes relate to the chain's; they act on affine records only.
+     * @param swap_axes, x_scale, y_scale how the user's axes relate to the chain's; they act on affine
+     *         records only.
      * @return a new set, owned by the caller; null when it can't be allocated.
-     * @throws std::runtime_error with "TShellRefSystemTransform::CreateCoreTransform"; as the core transforms.
+     * @throws std::runtime_error with "TShellRefSystemTransform::CreateCoreTransform"; as the core
+     *         transforms.
      */
     TRefSystemTransformsSet* CreateCoreTransform(bool swap_axes, int x_scale, int y_scale) const;
 
-    /** Writes the chain into a tree, with its name if `id` isn't empty. @return false at the first failure; what is written stays. */
+    /**
+     * Writes the chain into a tree, with its name if `id` isn't empty.
+     * @return false at the first failure; what is written stays.
+     */
     bool WriteToTree(TStringTree* tree, std::string const& id) const;
 
     std::vector<TShellRefSystemTransformParams*> Chain; ///< the records, owned

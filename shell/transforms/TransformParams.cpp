@@ -2,12 +2,15 @@
 
 #include <cmath>
 #include <stdexcept>
+#include <utility>
 
 namespace KvRefSystem {
 
 namespace {
 
-/** A determinant up to this makes an affine record count as singular. Inversion tests for exactly 0 instead. */
+/**
+ * A determinant up to this makes an affine record count as singular. Inversion tests for exactly 0 instead.
+ */
 constexpr double singularDeterminant = 1e-12;
 
 /** @return a copy of the class `Params`. @throws std::bad_cast for a record of another class. */
@@ -39,8 +42,11 @@ TShellRefSystemTransformParams::operator bool() const {
 
 void TShellRefSystemTransformParams::SetNameDecsription(std::string const& name,
                                                         std::string const& description) {
-    Name = name;
-    Description = description;
+    // The arguments may be the record's own texts.
+    std::string newName = name;
+    std::string newDescription = description;
+    Name = std::move(newName);
+    Description = std::move(newDescription);
 }
 
 TShellRefSystemTransform2DAffineParams::TShellRefSystemTransform2DAffineParams(bool identity)
@@ -69,12 +75,15 @@ bool TShellRefSystemTransform2DAffineParams::Set() {
 }
 
 bool TShellRefSystemTransform2DAffineParams::Set(double const* row1, double const* row2) {
-    a11 = row1[0];
-    a12 = row1[1];
-    a13 = row1[2];
-    a21 = row2[0];
-    a22 = row2[1];
-    a23 = row2[2];
+    // The rows may be the record's own.
+    double const first[] = {row1[0], row1[1], row1[2]};
+    double const second[] = {row2[0], row2[1], row2[2]};
+    a11 = first[0];
+    a12 = first[1];
+    a13 = first[2];
+    a21 = second[0];
+    a22 = second[1];
+    a23 = second[2];
     return operator bool();
 }
 

@@ -10,7 +10,10 @@ namespace KvRefSystem {
 /** One small correction as the user sees it: plain data without geometry. */
 class TShellRefSystemTransformParams {
 public:
-    /** @throws std::runtime_error with "TShellRefSystemTransformParams::TShellRefSystemTransformParams" for type 0. */
+    /**
+     * @throws std::runtime_error with "TShellRefSystemTransformParams::TShellRefSystemTransformParams" for
+     *         type 0.
+     */
     explicit TShellRefSystemTransformParams(TReferenceSystemTransformType type);
     TShellRefSystemTransformParams(TShellRefSystemTransformParams const&) = default;
     TShellRefSystemTransformParams& operator=(TShellRefSystemTransformParams const&) = default;
@@ -53,7 +56,10 @@ public:
     /** Takes three numbers of each row. @return its truth value. */
     bool Set(double const* row1, double const* row2);
 
-    /** Stores the inverse; `inverse` may be this. @return false, `inverse` reset, for a determinant of exactly 0. */
+    /**
+     * Stores the inverse; `inverse` may be this.
+     * @return false, `inverse` reset, for a determinant of exactly 0.
+     */
     bool GetInverted(TShellRefSystemTransform2DAffineParams* inverse) const;
 
     double a11;

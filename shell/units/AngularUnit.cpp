@@ -62,7 +62,7 @@ bool TShellAngularUnit::LoadFromXML(TKvXIniReader* reader) {
     return TShellUnit::LoadFromXML(reader) && Type == utAngular;
 }
 
-// --- The views of a value as a latitude or a longitude ------------------------------------------------------------
+// --- The views of a value as a latitude or a longitude -----------------------------------------------------
 
 bool TShellAngularUnit::StringToValueLatitude(std::string const& text, double* value) const {
     return StringToValue(text, value);
@@ -106,7 +106,7 @@ double TShellAngularUnit::StringToValueLongitudeDef(std::string const& text, dou
     return StringToValueLongitude(text, &value) ? value : fallback;
 }
 
-// --- Degrees ------------------------------------------------------------------------------------------------------
+// --- Degrees -----------------------------------------------------------------------------------------------
 
 double TShellAngularUnit::StringToDegrees(std::string const& text) const {
     return ValueToDegrees(*this, StringToValue(text));
@@ -132,7 +132,7 @@ std::string TShellAngularUnit::DegreesToStringLongitude(double const& degrees, i
     return ValueToStringLongitude(DegreesToValue(*this, degrees), precision);
 }
 
-// --- Radians ------------------------------------------------------------------------------------------------------
+// --- Radians -----------------------------------------------------------------------------------------------
 
 double TShellAngularUnit::StringToRadiansLatitude(std::string const& text) const {
     return StringToValueLatitude(text) * CoefToBase;
@@ -150,10 +150,13 @@ std::string TShellAngularUnit::RadiansToStringLongitude(double const& radians, i
     return ValueToStringLongitude(radians * CoefFromBase, precision);
 }
 
-// --- Free functions -----------------------------------------------------------------------------------------------
+// --- Free functions ----------------------------------------------------------------------------------------
 
 bool ConvertLatitude(TShellAngularUnit const* source, std::string const& text,
                      TShellAngularUnit const* target, std::string* result) {
+    if (!source || !target) {
+        return false;
+    }
     double const value = source->StringToValueLatitude(text);
     *result = target->ValueToStringLatitude((source->CoefToBase * value) * target->CoefFromBase, -1);
     return true;
@@ -161,6 +164,9 @@ bool ConvertLatitude(TShellAngularUnit const* source, std::string const& text,
 
 bool ConvertLongitude(TShellAngularUnit const* source, std::string const& text,
                       TShellAngularUnit const* target, std::string* result) {
+    if (!source || !target) {
+        return false;
+    }
     double const value = source->StringToValueLongitude(text);
     *result = target->ValueToStringLongitude((source->CoefToBase * value) * target->CoefFromBase, -1);
     return true;

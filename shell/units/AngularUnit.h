@@ -15,13 +15,14 @@ enum TAngularNotation : int {
 /**
  * A unit of angle; base unit radian. Adds the view of a value as a latitude or a longitude, and degrees.
  *
- * The destructor is virtual, and last in the table, since systems own units of this family through this class.
+ * The destructor is virtual, and last in the table, since systems own units of this family through this
+ * class.
  */
 class TShellAngularUnit : public TShellUnit {
 public:
     /**
-     * @throws std::runtime_error with "TShellUnit::TShellUnit(TStringTree *tree)" when a mandatory field is missing,
-     *         the code included.
+     * @throws std::runtime_error with "TShellUnit::TShellUnit(TStringTree *tree)" when a mandatory field is
+     *         missing, the code included.
      */
     explicit TShellAngularUnit(TStringTree* tree);
 
@@ -53,9 +54,15 @@ public:
     virtual std::string DegreesToStringLongitude(double const& degrees, int precision) const;
     virtual ~TShellAngularUnit();
 
-    /** @throws std::runtime_error with "double TShellAngularUnit::StringToValueLatitude(const string& str) const". */
+    /**
+     * @throws std::runtime_error with "double TShellAngularUnit::StringToValueLatitude(const string& str)
+     *         const".
+     */
     double StringToValueLatitude(std::string const& text) const;
-    /** @throws std::runtime_error with "double TShellAngularUnit::StringToValueLongitude(const string& str) const". */
+    /**
+     * @throws std::runtime_error with "double TShellAngularUnit::StringToValueLongitude(const string& str)
+     *         const".
+     */
     double StringToValueLongitude(std::string const& text) const;
     /** @return the latitude in this unit, or `fallback`. */
     double StringToValueLatitudeDef(std::string const& text, double const& fallback) const;
@@ -75,8 +82,9 @@ protected:
 };
 
 /**
- * Converts a text as a latitude between two angular units; prints with the target's default precision.
- * @return true. @throws std::runtime_error with the message of `StringToValueLatitude(text)`.
+ * Converts a text as a latitude between two angular units; prints all the digits of the target's notation.
+ * @return false for a null unit, else true. @throws std::runtime_error with the message of
+ *         `StringToValueLatitude(text)`.
  */
 bool ConvertLatitude(TShellAngularUnit const* source, std::string const& text,
                      TShellAngularUnit const* target, std::string* result);
@@ -85,7 +93,10 @@ bool ConvertLatitude(TShellAngularUnit const* source, std::string const& text,
 bool ConvertLongitude(TShellAngularUnit const* source, std::string const& text,
                       TShellAngularUnit const* target, std::string* result);
 
-/** @return the unit of the class that the tree's code selects, owned by the caller; null without a code. @throws as the class. */
+/**
+ * @return the unit of the class that the tree's code selects, owned by the caller; null without a code.
+ * @throws as the class.
+ */
 TShellAngularUnit* CreateShellAngularUnit(TStringTree* tree);
 
 /** @return the unit of the class that "UnitCode" selects, owned by the caller. @throws as the class. */

@@ -7,7 +7,10 @@ namespace KvRefSystem {
 /** A unit of length; base unit metre. The default precision is that of millimetres in this unit. */
 class TShellLinearUnit : public TShellUnit {
 public:
-    /** @throws std::runtime_error with "TShellUnit::TShellUnit(TStringTree *tree)" when a mandatory field is missing. */
+    /**
+     * @throws std::runtime_error with "TShellUnit::TShellUnit(TStringTree *tree)" when a mandatory field is
+     *         missing.
+     */
     explicit TShellLinearUnit(TStringTree* tree);
 
     /** @throws std::runtime_error with "TShellLinearUnit::TShellLinearUnit(TKvXIniReader *xml)". */
@@ -25,7 +28,9 @@ public:
     int MIFMIDCode = -1; ///< -1 when there is none; no place in the tree form
 };
 
-/** The comparison through the root's class goes by the first unit alone, also where C++20 could turn it round. */
+/**
+ * The comparison through the root's class goes by the first unit alone, also where C++20 could turn it round.
+ */
 inline bool operator==(TShellUnit const& first, TShellLinearUnit const& second) {
     return first.operator==(static_cast<TShellUnit const&>(second));
 }

@@ -7,7 +7,10 @@ namespace KvRefSystem {
 /** A unit of scale, for example parts per million; base unit the plain factor. */
 class TShellScaleUnit : public TShellUnit {
 public:
-    /** @throws std::runtime_error with "TShellUnit::TShellUnit(TStringTree *tree)" when a mandatory field is missing. */
+    /**
+     * @throws std::runtime_error with "TShellUnit::TShellUnit(TStringTree *tree)" when a mandatory field is
+     *         missing.
+     */
     explicit TShellScaleUnit(TStringTree* tree);
 
     /** @throws std::runtime_error with "TShellScaleUnit::TShellScaleUnit(TKvXIniReader *xml)". */

@@ -160,7 +160,7 @@ void SeparateDMSString(char* text) {
     *target = '\0';
 }
 
-// --- Degrees, minutes, seconds ------------------------------------------------------------------------------------
+// --- Degrees, minutes, seconds -----------------------------------------------------------------------------
 
 TShellUnitDegreeMinuteSecond::TShellUnitDegreeMinuteSecond(TStringTree* tree) : TShellAngularUnit(tree) {
     SetDegree(this, SecondDecimals);
@@ -232,7 +232,7 @@ std::string TShellUnitDegreeMinuteSecond::DegreesToStringLongitude(double const&
     return DegreesToString(degrees, precision);
 }
 
-// --- The same with a hemisphere letter ----------------------------------------------------------------------------
+// --- The same with a hemisphere letter ---------------------------------------------------------------------
 
 TShellUnitDegreeMinuteSecondHemisphere::TShellUnitDegreeMinuteSecondHemisphere(TStringTree* tree)
     : TShellAngularUnit(tree) {
@@ -332,7 +332,7 @@ std::string TShellUnitDegreeMinuteSecondHemisphere::DegreesToStringLongitude(dou
     return ValueToStringLongitude(degrees, precision);
 }
 
-// --- Packed degrees, minutes, seconds -----------------------------------------------------------------------------
+// --- Packed degrees, minutes, seconds ----------------------------------------------------------------------
 
 TShellUnitSexagesimalDegree::TShellUnitSexagesimalDegree(TStringTree* tree) : TShellAngularUnit(tree) {
     SetDegree(this, SecondDecimals);
@@ -355,8 +355,8 @@ bool TShellUnitSexagesimalDegree::StringToValue(std::string const& text, double*
     double scale = 1.0;
     std::size_t const point = number.find('.');
     if (point != std::string::npos) {
-        // Kept: junk behind the fraction counts as its digits. A short text wraps round to an infinite scale, which
-        // does no harm, since it has no fraction to be divided.
+        // Kept: junk behind the fraction counts as its digits. A short text wraps round to an infinite scale,
+        // which does no harm, since it has no fraction to be divided.
         std::size_t const digits = number.size() - point - 5;
         scale = digits == 0 ? 1.0 : LumCommonUtils::pow10(static_cast<double>(digits));
     }
@@ -430,7 +430,7 @@ std::string TShellUnitSexagesimalDegree::DegreesToStringLongitude(double const& 
     return DegreesToString(degrees, precision);
 }
 
-// --- Packed degrees and decimal minutes ---------------------------------------------------------------------------
+// --- Packed degrees and decimal minutes --------------------------------------------------------------------
 
 TShellDegreeDecimalMinuteUnit::TShellDegreeDecimalMinuteUnit(TStringTree* tree) : TShellAngularUnit(tree) {
     SetDegree(this, MinuteDecimals);

@@ -12,14 +12,18 @@ void SeparateDMSString(char* text);
 
 /**
  * Degrees, minutes and decimal seconds with blanks between them. The value is a number of degrees. A negative
- * value begins with "- ". Kept: a value that rounds past 180 degrees comes out on the other side.
+ * value begins with "- ". Kept: a carry out of the minutes at 180 degrees or more comes out on the other
+ * side.
  */
 class TShellUnitDegreeMinuteSecond : public TShellAngularUnit {
 public:
     /** Coefficients are those of the degree, whatever the tree says. @throws as `TShellAngularUnit`. */
     explicit TShellUnitDegreeMinuteSecond(TStringTree* tree);
 
-    /** @throws std::runtime_error with "TShellUnitDegreeMinuteSecond::TShellUnitDegreeMinuteSecond(TKvXIniReader *xml)". */
+    /**
+     * @throws std::runtime_error with
+     *         "TShellUnitDegreeMinuteSecond::TShellUnitDegreeMinuteSecond(TKvXIniReader *xml)".
+     */
     explicit TShellUnitDegreeMinuteSecond(TKvXIniReader* xml);
 
     using TShellAngularUnit::StringToValue;
@@ -38,7 +42,8 @@ public:
 
 /**
  * Degrees, minutes and decimal seconds with a hemisphere letter behind them. A value can't be printed without
- * its axis. Kept: lower-case letters and a minus sign are ignored on reading.
+ * its axis. Kept: on reading, lower-case letters are ignored, and a minus is a separator, which may cost the
+ * seconds.
  */
 class TShellUnitDegreeMinuteSecondHemisphere : public TShellAngularUnit {
 public:
@@ -46,14 +51,13 @@ public:
     explicit TShellUnitDegreeMinuteSecondHemisphere(TStringTree* tree);
 
     /**
-     * @throws std::runtime_error with "TShellUnitDegreeMinuteSecond::TShellUnitDegreeMinuteSecond(TKvXIniReader *xml)".
+     * @throws std::runtime_error with
+     *         "TShellUnitDegreeMinuteSecond::TShellUnitDegreeMinuteSecond(TKvXIniReader *xml)".
      *         Kept: the notation without letters has the same message.
      */
     explicit TShellUnitDegreeMinuteSecondHemisphere(TKvXIniReader* xml);
 
     using TShellAngularUnit::StringToValue;
-    using TShellAngularUnit::StringToValueLatitude;
-    using TShellAngularUnit::StringToValueLongitude;
     bool StringToValue(std::string const& text, double* value) const override;
     /** @throws std::logic_error with "TShellUnitDegreeMinuteSecondHemisphere::ValueToString". */
     std::string ValueToString(double const& value, int precision) const override;
@@ -71,7 +75,11 @@ public:
     double StringToDegreesLongitude(std::string const& text) const override;
     std::string DegreesToStringLongitude(double const& degrees, int precision) const override;
 
-    /** Parses degrees, minutes, seconds and a letter. @return false for a text without a number; "" is true and 0. */
+    /**
+     * Parses degrees, minutes, seconds and a letter.
+     * @return false where a lone point stands for a number; a text without digits and points is true and 0
+     *         (kept).
+     */
     bool DMSH_to_degrees(std::string const& text, double* value) const;
 
     /** Prints with the letter of an axis. @param axis 0 latitude, 1 longitude. */
@@ -89,7 +97,10 @@ public:
     /** Coefficients are those of the degree, whatever the tree says. @throws as `TShellAngularUnit`. */
     explicit TShellUnitSexagesimalDegree(TStringTree* tree);
 
-    /** @throws std::runtime_error with "TShellUnitSexagesimalDegree::TShellUnitSexagesimalDegree(TKvXIniReader *xml)". */
+    /**
+     * @throws std::runtime_error with "TShellUnitSexagesimalDegree::TShellUnitSexagesimalDegree(TKvXIniReader
+     *         *xml)".
+     */
     explicit TShellUnitSexagesimalDegree(TKvXIniReader* xml);
 
     using TShellAngularUnit::StringToValue;
@@ -107,15 +118,19 @@ public:
 };
 
 /**
- * One packed number: degrees, a point, two digits of minutes, the fraction of a minute. Kept: on reading, what
- * follows the minutes is always tenths, and the default precision overflows from 0.2147483648 minutes on.
+ * One packed number: degrees, a point, two digits of minutes, the fraction of a minute. Kept: on reading,
+ * what follows the minutes is always tenths, and the default precision overflows from 0.2147483648 minutes
+ * on.
  */
 class TShellDegreeDecimalMinuteUnit : public TShellAngularUnit {
 public:
     /** Coefficients are those of the degree, whatever the tree says. @throws as `TShellAngularUnit`. */
     explicit TShellDegreeDecimalMinuteUnit(TStringTree* tree);
 
-    /** @throws std::runtime_error with "TShellDegreeDecimalMinuteUnit::TShellDegreeDecimalMinuteUnit(TKvXIniReader *xml)". */
+    /**
+     * @throws std::runtime_error with
+     *         "TShellDegreeDecimalMinuteUnit::TShellDegreeDecimalMinuteUnit(TKvXIniReader *xml)".
+     */
     explicit TShellDegreeDecimalMinuteUnit(TKvXIniReader* xml);
 
     using TShellAngularUnit::StringToValue;

@@ -21,13 +21,16 @@ enum TShellUnitType : int {
 /**
  * A unit of measurement: converts to and from its kind's base unit, prints and parses.
  *
- * Built from a tree or from XML, never by hand, and never copied; immutable but for `LoadFromXML`. A unit from
- * a tree may have coefficients of 0.0: it can't convert. Safe to read from several threads. The destructor
- * isn't virtual: a unit is owned through one of its three kinds.
+ * Built from a tree or from XML, never by hand, and never copied; immutable but for `LoadFromXML`. A unit
+ * from a tree may have coefficients of 0.0: it can't convert. Safe to read from several threads. The
+ * destructor isn't virtual: a unit is owned through one of its three kinds.
  */
 class TShellUnit {
 public:
-    /** @throws std::runtime_error with "TShellUnit::TShellUnit(TStringTree *tree)" when a mandatory field is missing. */
+    /**
+     * @throws std::runtime_error with "TShellUnit::TShellUnit(TStringTree *tree)" when a mandatory field is
+     *         missing.
+     */
     explicit TShellUnit(TStringTree* tree);
 
     /** @throws std::runtime_error with "TShellUnit::TShellUnit(TKvXIniReader *xml)" when it doesn't load. */
@@ -39,8 +42,8 @@ public:
 
     /**
      * Parses a text in this unit.
-     * @return false for a text without a number. Kept: an empty or blank text is true and leaves `*value` alone, and
-     *         what follows a number doesn't count ("12abc" is 12).
+     * @return false for a text without a number. Kept: an empty or blank text is true and leaves `*value`
+     *         alone, and what follows a number doesn't count ("12abc" is 12).
      */
     virtual bool StringToValue(std::string const& text, double* value) const;
 
@@ -62,7 +65,10 @@ public:
     /** @return false at the first write that failed. */
     virtual bool SaveToXML(TKvXIniWriter* writer) const;
 
-    /** @throws std::runtime_error with "bool TShellUnit::StringToValue(const string& str, double *value) const". */
+    /**
+     * @throws std::runtime_error with "bool TShellUnit::StringToValue(const string& str, double *value)
+     *         const".
+     */
     double StringToValue(std::string const& text) const;
 
     /** @return the value, or `fallback` for a text that doesn't parse or is empty. */
@@ -70,8 +76,8 @@ public:
 
     /**
      * Converts a value from this unit to `target`, in place.
-     * @throws std::runtime_error with "void TShellUnit::Convert(const TShellUnit& dst_unit, double *value) const" for
-     *         another kind.
+     * @throws std::runtime_error with "void TShellUnit::Convert(const TShellUnit& dst_unit, double *value)
+     *         const" for another kind.
      */
     void Convert(TShellUnit const& target, double* value) const;
 
@@ -103,7 +109,8 @@ bool Convert(TShellUnit const& source, double const& value, TShellUnit const& ta
 /**
  * Converts a text between units of one kind; prints with 25 significant digits.
  * @return false, `*result` untouched, for two kinds.
- * @throws std::runtime_error with "bool TShellUnit::StringToValue(const string& str, double *value) const".
+ * @throws std::runtime_error with "bool TShellUnit::StringToValue(const string& str, double *value) const";
+ *         std::logic_error for a target whose notation needs an axis.
  */
 bool Convert(TShellUnit const& source, std::string const& text, TShellUnit const& target,
              std::string* result);

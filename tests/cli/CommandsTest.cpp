@@ -9,7 +9,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-// --- list ------------------------------------------------------------------------------------------------------------
+// --- list --------------------------------------------------------------------------------------------------
 
 TEST(ListCommand, ShowsNameKindAndTitle) {
     TToolRun const run = RunTool({"list"});
@@ -35,7 +35,7 @@ TEST(ListCommand, APatternThatFitsNothingIsAnError) {
     EXPECT_EQ(run.status, 2);
 }
 
-// --- show ------------------------------------------------------------------------------------------------------------
+// --- show --------------------------------------------------------------------------------------------------
 
 TEST(ShowCommand, SummaryTellsTheSystemOneFactALine) {
     std::string const summary = RunTool({"show", "pulkovo-1942"}).out;
@@ -104,7 +104,7 @@ TEST(ShowCommand, NamesOfEntriesMayHaveLettersOfEitherCase) {
     EXPECT_EQ(RunTool({"show", "WGS-84"}).out, RunTool({"show", "wgs-84"}).out);
 }
 
-// --- units -----------------------------------------------------------------------------------------------------------
+// --- units -------------------------------------------------------------------------------------------------
 
 struct TConversion {
     char const* value;
@@ -206,7 +206,7 @@ INSTANTIATE_TEST_SUITE_P(
         TUnitsMistake{{"4", "--from", "degree", "--to", "dms", "--axis", "up"},
                       "--axis up is not an axis; right is latitude or longitude"}));
 
-// --- help, version, usage --------------------------------------------------------------------------------------------
+// --- help, version, usage ----------------------------------------------------------------------------------
 
 TEST(HelpCommand, ListsItsTopics) {
     TToolRun const run = RunTool({"help"});

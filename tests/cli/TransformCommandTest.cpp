@@ -14,12 +14,13 @@ using testing::HasSubstr;
 
 // echo "37.62 55.75 150" | cct -d 9 +proj=pipeline +step +proj=unitconvert +xy_in=deg +xy_out=rad
 //     +step +proj=cart +ellps=krass
-//     +step +proj=helmert +convention=position_vector +x=23.57 +y=-140.95 +z=-79.8 +rx=0 +ry=0.35 +rz=0.79 +s=-0.22
+//     +step +proj=helmert +convention=position_vector +x=23.57 +y=-140.95 +z=-79.8 +rx=0 +ry=0.35 +rz=0.79
+// +s=-0.22
 //     +step +inv +proj=cart +ellps=WGS84 +step +proj=unitconvert +xy_in=rad +xy_out=deg
 // gives 37.618125892 55.750042613 154.542208768.
 char const* const moscow = "55.750042613,37.618125892,154.542";
 
-// --- Numbers ---------------------------------------------------------------------------------------------------------
+// --- Numbers -----------------------------------------------------------------------------------------------
 
 TEST(TransformCommand, MovesAPointFromPulkovo1942ToWgs84) {
     TToolRun const run = Transform("55.75,37.62,150\n");
@@ -74,9 +75,9 @@ TEST(TransformCommand, WritesHeightsInTheUnitOfTheTarget) {
 }
 
 TEST(TransformCommand, ReadsAndWritesGrads) {
-    // echo "0 54 100" | cct with the steps: unitconvert from grads; inverse of longlat +a=6378249.2 +b=6356515
-    // +pm=paris; cart; helmert +x=-168 +y=-60 +z=320; inverse of cart +ellps=WGS84; degrees
-    // gives 2.336509257 48.599932240 143.241049334. Its meridian of Paris is 2d20'14.025", that of EPSG 8903 is
+    // echo "0 54 100" | cct with the steps: unitconvert from grads; inverse of longlat +a=6378249.2
+    // +b=6356515 +pm=paris; cart; helmert +x=-168 +y=-60 +z=320; inverse of cart +ellps=WGS84; degrees gives
+    // 2.336509257 48.599932240 143.241049334. Its meridian of Paris is 2d20'14.025", that of EPSG 8903 is
     // 2.5969213 grad, which is 3e-9 degrees more.
     TRunSettings settings;
     settings.input = "lat,lon,h\n54,0,100\n";
@@ -87,7 +88,7 @@ TEST(TransformCommand, ReadsAndWritesGrads) {
     EXPECT_EQ(same.out, "latitude_grad,longitude_grad,height_m\n54.000000,0.000000,100.000000\n");
 }
 
-// --- Separators, headers, line ends ----------------------------------------------------------------------------------
+// --- Separators, headers, line ends ------------------------------------------------------------------------
 
 TEST(TransformCommand, KeepsTheSeparatorOfTheInput) {
     EXPECT_EQ(Transform("55.75;37.62;150\n").out, "55.750042613;37.618125892;154.542\n");
@@ -165,10 +166,11 @@ TEST(TransformCommand, QuotesAroundACoordinateDoNotCount) {
     EXPECT_EQ(Transform("\"55.75\",\"37.62\",\"150\"\n").out, std::string(moscow) + "\n");
 }
 
-// --- Heights ---------------------------------------------------------------------------------------------------------
+// --- Heights -----------------------------------------------------------------------------------------------
 
 TEST(TransformCommand, AnEmptyHeightStaysEmpty) {
-    // The point goes the way of one at height 0: cct of "37.62 55.75 0" as above gives 37.618125845 55.750042616.
+    // The point goes the way of one at height 0: cct of "37.62 55.75 0" as above gives 37.618125845
+    // 55.750042616.
     EXPECT_EQ(Transform("55.75,37.62,,x\n").out, "55.750042616,37.618125845,,x\n");
     EXPECT_EQ(Transform("55.75,37.62,\n").out, "55.750042616,37.618125845,\n");
 }
@@ -187,7 +189,7 @@ TEST(TransformCommand, AStarIsTheEmptyHeightAmongBlanks) {
     EXPECT_EQ(Transform("55.75 37.62 * Moscow\n").out, "55.750042616 37.618125845 * Moscow\n");
 }
 
-// --- Sexagesimal texts -----------------------------------------------------------------------------------------------
+// --- Sexagesimal texts -------------------------------------------------------------------------------------
 
 TEST(TransformCommand, ReadsDegreesMinutesAndSeconds) {
     // 55 + 45/60 + 7.2/3600 = 55.752; 37 + 36/60 + 56.4/3600 = 37.6156666...
@@ -231,7 +233,7 @@ TEST(TransformCommand, AngleWithTheOtherAxisLetterIsAMistake) {
                           "be 55 45 07.2 N"));
 }
 
-// --- Mistakes --------------------------------------------------------------------------------------------------------
+// --- Mistakes ----------------------------------------------------------------------------------------------
 
 std::string const goodPoint = "55.75,37.62,150\n";
 
@@ -351,7 +353,7 @@ TEST(TransformCommand, ANulByteIsAMistakeLikeAnyOther) {
     EXPECT_EQ(run.status, 1);
 }
 
-// --- Files -----------------------------------------------------------------------------------------------------------
+// --- Files -------------------------------------------------------------------------------------------------
 
 TEST(TransformCommand, WritesAFile) {
     TTemporaryFolder const folder;

@@ -16,7 +16,7 @@ using KvRefSystem::TPtrVector;
 using KvRefSystem::TStringField;
 using KvRefSystem::TStringTree;
 
-// --- Operations ----------------------------------------------------------------------------------------------------
+// --- Operations --------------------------------------------------------------------------------------------
 
 TEST(DataTree, IsBuiltWithItsParentAndLabel) {
     TStringTree root(0, 0, nullptr, "root");
@@ -142,7 +142,7 @@ TEST(DataTree, PointerVectorEndsItsElementsFromFirstToLastAsPlainOnes) {
     EXPECT_EQ(log, (std::vector<int>{2, 1, 3}));
 }
 
-// --- Copying -------------------------------------------------------------------------------------------------------
+// --- Copying -----------------------------------------------------------------------------------------------
 
 TEST(DataTree, CopyTakesEverythingInOrder) {
     TStringTree tree;
@@ -225,7 +225,7 @@ TEST(DataTree, CopyIntoItselfFindsItsPairsTaken) {
     EXPECT_EQ(TextOf(tree), WorkedExample);
 }
 
-// --- Writing -------------------------------------------------------------------------------------------------------
+// --- Writing -----------------------------------------------------------------------------------------------
 
 TEST(DataTree, EmptyRootIsSevenBytes) {
     TStringTree const tree;
@@ -378,7 +378,7 @@ TEST(DataTree, LineFeedInATreeHeaderCutsTheTreeLine) {
     EXPECT_EQ(read.header, "a");
 }
 
-// --- Reading -------------------------------------------------------------------------------------------------------
+// --- Reading -----------------------------------------------------------------------------------------------
 
 TEST(DataTree, HeadersMayHoldClosingBrackets) {
     std::string const text = "(0,0)a)b]c\n(1,0)[1]d)e]f\tx\n\n";

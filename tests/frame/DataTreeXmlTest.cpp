@@ -184,8 +184,8 @@ TEST(DataTreeXml, EveryFailingWriteEndsInFalseWithAllSectionsClosed) {
 TEST(DataTreeXml, FailedWriteOfAValueIsReportedToTheWriter) {
     TStringTree tree;
     tree.InsertString("code", 1, 0, "v");
-    // 1 attribute mode, 2-4 the tree's values, 5 attribute mode, 6-7 sections, 8-10 the field's values, 11 "data",
-    // 12 the field's one value
+    // 1 attribute mode, 2-4 the tree's values, 5 attribute mode, 6-7 sections, 8-10 the field's values, 11
+    // "data", 12 the field's one value
     for (unsigned long const operation : {2ul, 3ul, 4ul, 8ul, 9ul, 10ul, 12ul}) {
         for (bool const raiseReturns : {false, true}) {
             TNode document;

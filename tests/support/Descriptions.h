@@ -66,7 +66,10 @@ void SetField(TStringTree* tree, int tag, std::string const& value, int idx = 0)
 void FillUnit(TStringTree* tree, TUnitText const& unit);
 void FillGeodetic(TStringTree* tree, TGeodeticText const& text);
 
-/** A description of one plane affine record under the own chain (tag 1108): x' = x + shiftX, y' = y + shiftY in core units. */
+/**
+ * A description of one plane affine record under the own chain (tag 1108): x' = x + shiftX, y' = y + shiftY
+ * in core units.
+ */
 void AddPlaneShift(TStringTree* tree, double shiftX, double shiftY);
 
 /** The text form of a tree. */

@@ -14,8 +14,8 @@ namespace VellariTool {
 /**
  * One coordinate of a system as text: reads and prints it in the system's unit.
  *
- * Borrows the unit, which must live as long. Plain units are read strictly and fast: the whole field must be a number
- * with a decimal point. Angles in a sexagesimal notation go through the unit.
+ * Borrows the unit, which must live as long. Plain units are read strictly and fast: the whole field must be
+ * a number with a decimal point. Angles in a sexagesimal notation go through the unit.
  */
 class TAxisText {
 public:
@@ -26,11 +26,16 @@ public:
 
     /**
      * A coordinate in a plain unit.
-     * @param axisName lower-case name. @param unitName abbreviation for the column's name. @param decimals 0 to 60.
+     * @param axisName lower-case name. @param unitName abbreviation for the column's name. @param decimals 0
+     *         to 60.
      */
     TAxisText(std::string axisName, std::string unitName, int decimals);
 
-    /** An angle. @param isLongitude chooses the axis. @param decimals of the unit; of the seconds for those that have them. */
+    /**
+     * An angle.
+     * @param isLongitude chooses the axis.
+     * @param decimals of the unit; of the seconds for those that have them.
+     */
     TAxisText(std::string axisName, KvRefSystem::TShellAngularUnit const& unit, bool isLongitude,
               int decimals);
 
@@ -45,7 +50,8 @@ public:
 
     /**
      * Reads a field.
-     * @param reason may be null; receives what is wrong and what would be right. @return false without a value.
+     * @param reason may be null; receives what is wrong and what would be right. @return false without a
+     *         value.
      */
     bool Parse(std::string_view field, double* value, std::string* reason) const;
 

@@ -12,7 +12,7 @@ namespace {
 
 using namespace KvRefSystem;
 
-// --- Conditions ------------------------------------------------------------------------------------------------------
+// --- Conditions --------------------------------------------------------------------------------------------
 
 /** @return the whole number of a field, or `fallback` without one. */
 int WholeOr(TStringTree const& tree, int tag, int fallback) {
@@ -81,7 +81,7 @@ bool HasPrimeMeridian(TStringTree const& system) {
     return system.FindSubtree(1101, 0) != nullptr;
 }
 
-// --- What a description must hold ------------------------------------------------------------------------------------
+// --- What a description must hold --------------------------------------------------------------------------
 
 constexpr TRequirement unitRows[] = {
     {5301, rfWhole, "the unit's code"},
@@ -165,7 +165,7 @@ constexpr TKindRow kinds[] = {
     {rstGeodetic, geodeticRows},
 };
 
-// --- The walk --------------------------------------------------------------------------------------------------------
+// --- The walk ----------------------------------------------------------------------------------------------
 
 /** @return "(1107,0)". */
 std::string Pair(int tag) {

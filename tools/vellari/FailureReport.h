@@ -6,7 +6,9 @@
 
 namespace VellariTool {
 
-/** Reports lines that can't be transformed on standard error: the first ones one by one, then their number. */
+/**
+ * Reports lines that can't be transformed on standard error: the first ones one by one, then their number.
+ */
 class TFailureReport {
 public:
     /** Lines that are reported one by one. */

@@ -17,8 +17,8 @@ struct TTextLine {
 /**
  * Reads a text file or standard input line by line, in blocks, with memory that doesn't grow with the file.
  *
- * Lines end with LF or CR LF, the last one also at the end of the file. A byte order mark of UTF-8 at the beginning is
- * skipped. A line of more than `MaxLineLength` bytes is cut.
+ * Lines end with LF or CR LF, the last one also at the end of the file. A byte order mark of UTF-8 at the
+ * beginning is skipped. A line of more than `MaxLineLength` bytes is cut.
  */
 class TLineReader {
 public:

@@ -8,13 +8,16 @@ namespace VellariTool {
 /**
  * Buffered output to standard output, or to a file that appears complete or not at all.
  *
- * A plain file is written under another name beside it and takes its place in `Commit`, with the permissions of the
- * old one; a link is followed. Something else, such as a pipe or a device, is written directly. Whatever ends the
- * process in between leaves the old file as it was.
+ * A plain file is written under another name beside it and takes its place in `Commit`, with the permissions
+ * of the old one; a link is followed. Something else, such as a pipe or a device, is written directly.
+ * Whatever ends the process in between leaves the old file as it was.
  */
 class TOutputFile {
 public:
-    /** @param path of the file; empty or "-": standard output. @throws TToolError when it can't be written. */
+    /**
+     * @param path of the file; empty or "-": standard output.
+     * @throws TToolError when it can't be written.
+     */
     explicit TOutputFile(std::string const& path);
 
     /** Takes away what isn't committed. */

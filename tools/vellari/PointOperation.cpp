@@ -27,7 +27,8 @@ TPointOperation::TPointOperation(TShellReferenceSystem const& sourceSystem,
 
 bool TPointOperation::Transform(TPoint* point, std::string* reason) const {
     double* const coords = point->coord;
-    // The library folds such a latitude back to a pole; among points it is a mistake, mostly exchanged columns.
+    // The library folds such a latitude back to a pole; among points it is a mistake, mostly exchanged
+    // columns.
     if (!(std::fabs(coords[0]) <= greatestLatitude)) {
         *reason = FormatText("latitude %.9g is beyond a pole", coords[0]);
         return false;
@@ -50,7 +51,10 @@ bool TPointOperation::Transform(TPoint* point, std::string* reason) const {
     return true;
 }
 
-/** The same way as `OperateShellCoords`, by the proxies of both systems, with the mark that there is no height. */
+/**
+ * The same way as `OperateShellCoords`, by the proxies of both systems, with the mark that there is no
+ * height.
+ */
 void TPointOperation::TransformWithoutHeight(double* coords) const {
     TCoords point;
     point.ZUndefined = true;

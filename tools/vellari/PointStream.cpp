@@ -31,7 +31,7 @@ bool IsBareNumber(std::string_view field) {
 
 } // namespace
 
-// --- Reading ---------------------------------------------------------------------------------------------------------
+// --- Reading -----------------------------------------------------------------------------------------------
 
 TPointReader::TPointReader(std::array<TAxisText, 3> const& axes) : axis(axes) {}
 
@@ -114,7 +114,7 @@ std::string TPointReader::ExplainSeparator(std::string_view line) const {
     return "";
 }
 
-// --- Writing ---------------------------------------------------------------------------------------------------------
+// --- Writing -----------------------------------------------------------------------------------------------
 
 TPointWriter::TPointWriter(std::array<TAxisText, 3> const& axes) : axis(axes) {}
 

@@ -22,8 +22,8 @@ enum TLineKind : int {
 /**
  * Turns lines of points into coordinates: finds the separator and the header, and keeps both in mind.
  *
- * The separator is that of the first line whose latitude and longitude read with it, tried in the order TAB, semicolon,
- * comma, blanks; it holds for all lines from there on.
+ * The separator is that of the first line whose latitude and longitude read with it, tried in the order TAB,
+ * semicolon, comma, blanks; it holds for all lines from there on.
  */
 class TPointReader {
 public:

@@ -20,10 +20,11 @@ enum TSexagesimalNotation : int {
 TSexagesimalNotation NotationOf(KvRefSystem::TShellAngularUnit const& unit);
 
 /**
- * Looks for what the units' lenient readers would misread without a word: signs and letters at a wrong place, a letter
- * of the other axis, 60 minutes or more, digits that a packed number has no place for.
+ * Looks for what the units' lenient readers would misread without a word: signs and letters at a wrong place,
+ * a letter of the other axis, 60 minutes or more, digits that a packed number has no place for.
  * @param isLongitude the axis, for the hemisphere's letter.
- * @return what is wrong and what would be right, to follow the quoted text; empty when the unit reads it rightly.
+ * @return what is wrong and what would be right, to follow the quoted text; empty when the unit reads it
+ *         rightly.
  */
 std::string FindSexagesimalMistake(std::string_view text, TSexagesimalNotation notation, bool isLongitude);
 

@@ -23,7 +23,8 @@ enum TSystemUse : int {
 /**
  * Loads a system: an entry of the catalogue, or else a description file.
  * @param nameOrPath name of an entry, letters of either case, or a path; a path with a "/" is never an entry.
- * @throws TToolError with one line that tells file, tag and what is missing, or what similar entries there are.
+ * @throws TToolError with one line that tells file, tag and what is missing, or what similar entries there
+ *         are.
  */
 TLoadedSystem LoadSystem(std::string const& nameOrPath, TSystemUse use);
 

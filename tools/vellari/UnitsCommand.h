@@ -15,7 +15,8 @@ struct TUnitsOptions {
 
 /**
  * Converts a value between two lengths or two angles.
- * @return the text in the second unit. @throws TToolError for an unknown unit, two kinds or a text that doesn't read.
+ * @return the text in the second unit. @throws TToolError for an unknown unit, two kinds or a text that
+ *         doesn't read.
  */
 std::string ConvertUnits(TUnitsOptions const& options);
 

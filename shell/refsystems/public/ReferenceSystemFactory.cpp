@@ -1,6 +1,6 @@
 #include "shell/refsystems/public/ReferenceSystemFactory.h"
 
-#include "frame/XmlSections.h"
+#include "frame/XmlSectionsDetail.h"
 #include "shell/refsystems/DescriptionTags.h"
 #include "shell/refsystems/GeodeticReferenceSystem.h"
 

@@ -253,7 +253,8 @@ TEST(GeocentricReferenceSystem, MeridiansRotateToGreenwichAndFromThere) {
 }
 
 TEST(GeocentricReferenceSystem, ShiftsActInGreenwichAxes) {
-    // A quarter turn takes (3, 4) to Greenwich's (-4, 3); the shift makes it (6, 23); the way back is (23, -6).
+    // A quarter turn takes (3, 4) to Greenwich's (-4, 3); the shift makes it (6, 23); the way back is (23,
+    // -6).
     auto const source = Shift(10, 20, 30);
     auto const target = Shift(0, 0, 0);
     TCoords point = Point(3, 4, 5);

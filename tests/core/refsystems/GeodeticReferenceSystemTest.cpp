@@ -143,7 +143,8 @@ TEST(GeodeticReferenceSystem, ConvertFromGeocentricThrowsWhenTheIterationDoesNot
 }
 
 TEST(GeodeticReferenceSystem, BetweenEllipsoidsWithoutShiftsKeepsThePlaceInSpace) {
-    // Geocentric position on WGS 84, taken to the Krasovsky ellipsoid; closed formulas and iteration in 40 digits
+    // Geocentric position on WGS 84, taken to the Krasovsky ellipsoid; closed formulas and iteration in 40
+    // digits
     TCoords point = Degrees(37, 55, 200);
     Geodetic(Wgs84()).OperateCoords(Geodetic(Krasovsky()), &point);
     ExpectNear(point, Degrees(37, 54.999977143597731, 90.187378049318944));
@@ -265,7 +266,8 @@ TEST(GeodeticReferenceSystem, LetsFailuresOfTheTargetPass) {
 }
 
 TEST(GeodeticReferenceSystem, LetsAFailedIterationPass) {
-    // 20 km and 30 km from the centre: inside of the ellipsoid's evolute the latitude's iteration never settles.
+    // 20 km and 30 km from the centre: inside of the ellipsoid's evolute the latitude's iteration never
+    // settles.
     // A sphere as the source makes a point there from a latitude and a negative height.
     TGeodeticReferenceSystem const sphere = Geodetic(TEllipsoid(6371000.0));
     double const radius = 36055.512754639893; // sqrt(20000^2 + 30000^2)
@@ -293,7 +295,8 @@ TEST(GeodeticReferenceSystem, WorldIsGeocentricInGreenwichAxes) {
 }
 
 TEST(GeodeticReferenceSystem, AxesAtTheOriginAreEastNorthAndUp) {
-    // Central differences with 1e-5 radians in 40 digits; the rounding of doubles leaves about 1e-4 per radian.
+    // Central differences with 1e-5 radians in 40 digits; the rounding of doubles leaves about 1e-4 per
+    // radian.
     double axes[9];
     ASSERT_TRUE(Geodetic(Wgs84()).TransformAxesWorld(Point(0, 0, 0), axes, false));
     double const expected[9] = {0, 6378136.999893698, 0, 0, 0, 6335439.327189349, 1, 0, 0};

@@ -21,7 +21,8 @@ class DecimalCommaHost : public testing::Test {
 protected:
     void SetUp() override {
         before = std::setlocale(LC_ALL, nullptr);
-        ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr) << "the locale de_DE.UTF-8 is not installed";
+        ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr)
+            << "the locale de_DE.UTF-8 is not installed";
         char text[16] = {};
         std::snprintf(text, sizeof text, "%.1f", 0.5);
         ASSERT_STREQ(text, "0,5");

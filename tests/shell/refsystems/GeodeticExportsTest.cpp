@@ -170,7 +170,8 @@ TEST(GeodeticExports, MapInfoClauseSpellsACustomDatumOut) {
     std::string text;
 
     ASSERT_TRUE(system->ExportToMIFMID(&text, true));
-    // The clause's rotations have the sign of the coordinate frame, as the description's: metres, seconds, ppm.
+    // The clause's rotations have the sign of the coordinate frame, as the description's: metres, seconds,
+    // ppm.
     EXPECT_EQ(text, "CoordSys Earth Projection 1, 9999, 3, 23.57, -140.95, -79.8, 0, -0.35, -0.79, -0.22, 0");
 }
 

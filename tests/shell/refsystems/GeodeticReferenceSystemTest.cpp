@@ -440,7 +440,8 @@ std::vector<vec_t_<double, 3>> Square(double height) {
 TEST(GeodeticReferenceSystem, TheAreaOfASquareDegreeAtTheEquator) {
     auto const system = Geodetic(WithZeroShift());
 
-    // The equal-area projection's value; GeographicLib's Planimeter gives 12308778361.469 with geodesic edges.
+    // The equal-area projection's value; GeographicLib's Planimeter gives 12308778361.469 with geodesic
+    // edges.
     EXPECT_NEAR(system->CalculateArea(Square(0)), 12308309698.66, 0.1);
     // Times the squared ratio of the radii at the mean point: (r + 1000)^2 / r^2.
     EXPECT_NEAR(system->CalculateArea(Square(1000)), 12312169533.49, 0.1);

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <stdexcept>
 #include <string>
 
@@ -171,8 +172,6 @@ TEST(ProxySettings, ThePointPassesTheProxyWithItsOwnCorrections) {
 }
 
 TEST(ProxySettings, AProxyOfAnotherDatumMovesThePoint) {
-    // Source and target have no datum: straight on nothing is shifted, and each leg by way of the proxy has the
-    // proxy's ellipsoid, so the point comes back.
     auto const source = Create(TGeodeticText());
     auto const target = Create(Pulkovo1942());
     double straight[3] = {55, 37, 200};
@@ -182,7 +181,8 @@ TEST(ProxySettings, AProxyOfAnotherDatumMovesThePoint) {
     ASSERT_TRUE(source->SetProxyRefSys(Proxy(WithZeroShift())));
     source->OperateShellCoords(*target, detour, false);
 
-    // Without a shift of its own the source reaches Pulkovo 1942 unshifted; from the proxy the datum shift acts.
+    // Without a shift of its own the source reaches Pulkovo 1942 unshifted; from the proxy the datum shift
+    // acts.
     auto const wgs84 = Create(WithZeroShift());
     double shifted[3] = {55, 37, 200};
     wgs84->OperateShellCoords(*target, shifted, false);

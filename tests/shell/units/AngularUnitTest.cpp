@@ -52,7 +52,7 @@ TEST(ShellAngularUnit, VirtualOperationsStandInTheirSlots) {
     EXPECT_EQ(SlotOf(&TShellAngularUnit::DegreesToStringLongitude), 15);
 }
 
-// --- Construction -------------------------------------------------------------------------------------------------
+// --- Construction ------------------------------------------------------------------------------------------
 
 TEST(ShellAngularUnit, PrecisionIsTenDecimalsOfARadian) {
     EXPECT_EQ(MakeUnit<TShellAngularUnit>(Radian())->Precision, 10);
@@ -108,7 +108,7 @@ TEST(ShellAngularUnit, TreeAndXMLGiveTheSameUnit) {
     EXPECT_EQ(fromXML->Precision, fromTree->Precision);
 }
 
-// --- Latitude and longitude ---------------------------------------------------------------------------------------
+// --- Latitude and longitude --------------------------------------------------------------------------------
 
 TEST(ShellAngularUnit, PlainNotationReadsAndPrintsBothAxesAlike) {
     auto const unit = MakeUnit<TShellAngularUnit>(Degree());
@@ -178,7 +178,7 @@ TEST(ShellAngularUnit, DegreesAreMultipliedBeforeTheyAreDivided) {
     EXPECT_EQ(unit->DegreesToString(1e308, 0), "inf");
 }
 
-// --- The free functions -------------------------------------------------------------------------------------------
+// --- The free functions ------------------------------------------------------------------------------------
 
 TEST(ShellAngularUnit, CodeChoosesTheClassFromATree) {
     for (int code = -1; code <= 13; ++code) {

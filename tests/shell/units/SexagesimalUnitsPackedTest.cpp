@@ -34,7 +34,7 @@ std::unique_ptr<TShellDegreeDecimalMinuteUnit> DecimalMinute() {
 
 } // namespace
 
-// --- Packed degrees, minutes, seconds -----------------------------------------------------------------------------
+// --- Packed degrees, minutes, seconds ----------------------------------------------------------------------
 
 TEST(ShellUnitSexagesimalDegree, PrintsOneNumber) {
     auto const unit = Packed();
@@ -154,7 +154,7 @@ TEST(ShellUnitSexagesimalDegree, XMLChecksTheCodeButNotTheKind) {
     }
 }
 
-// --- Packed degrees and decimal minutes ---------------------------------------------------------------------------
+// --- Packed degrees and decimal minutes --------------------------------------------------------------------
 
 TEST(ShellDegreeDecimalMinuteUnit, PrintsOneNumber) {
     auto const unit = DecimalMinute();

@@ -47,7 +47,7 @@ std::string FarApart(std::size_t blanks, std::string const& rest) {
 
 } // namespace
 
-// --- Separating ---------------------------------------------------------------------------------------------------
+// --- Separating --------------------------------------------------------------------------------------------
 
 TEST(SeparateDMSString, RunsOfSignsBecomeOneBlank) {
     EXPECT_EQ(Separated("12 34 56.7"), "12 34 56.7");
@@ -102,7 +102,7 @@ TEST(SeparateDMSString, ClassesAreThoseOfTheGlobalLocale) {
     EXPECT_EQ(separated, "1 #2");
 }
 
-// --- Degrees, minutes, seconds ------------------------------------------------------------------------------------
+// --- Degrees, minutes, seconds -----------------------------------------------------------------------------
 
 TEST(ShellUnitDegreeMinuteSecond, PrintsWithBlanks) {
     auto const unit = DMS();
@@ -258,7 +258,7 @@ TEST(ShellUnitDegreeMinuteSecond, TreeConstructorDoesNotCheckTheCode) {
     EXPECT_EQ(MakeUnit<TShellUnitDegreeMinuteSecond>(Degree(3))->Code, 3);
 }
 
-// --- With a hemisphere letter -------------------------------------------------------------------------------------
+// --- With a hemisphere letter ------------------------------------------------------------------------------
 
 TEST(ShellUnitDegreeMinuteSecondHemisphere, LettersFollowTheMembersOfTheRoot) {
     auto const unit = Hemisphere();

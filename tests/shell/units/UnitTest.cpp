@@ -65,7 +65,7 @@ TEST(ShellUnit, VirtualOperationsStandInTheirSlots) {
     EXPECT_EQ(SlotOf(&TShellUnit::SaveToXML), 5);
 }
 
-// --- From a tree --------------------------------------------------------------------------------------------------
+// --- From a tree -------------------------------------------------------------------------------------------
 
 TEST(ShellUnit, TreeGivesAllMembers) {
     TStringTree tree;
@@ -132,7 +132,7 @@ TEST(ShellUnit, TypeOfATreeIsNotValidated) {
     EXPECT_EQ(MakeUnit<TShellScaleUnit>({.type = -1})->Type, -1);
 }
 
-// --- Texts --------------------------------------------------------------------------------------------------------
+// --- Texts -------------------------------------------------------------------------------------------------
 
 TEST(ShellUnit, NumberIsRead) {
     auto const unit = MakeUnit<TShellLinearUnit>(Metre());
@@ -268,7 +268,7 @@ TEST(ShellUnit, DecimalsReadBackWithinHalfOfTheLastOne) {
     }
 }
 
-// --- Equality -----------------------------------------------------------------------------------------------------
+// --- Equality ----------------------------------------------------------------------------------------------
 
 TEST(ShellUnit, EveryMemberButThePrecisionCountsInEquality) {
     auto const make = [] { return MakeUnit<TShellScaleUnit>(PartsPerMillion()); };
@@ -305,7 +305,7 @@ TEST(ShellUnit, NotANumberIsDifferentEvenFromItself) {
     }
 }
 
-// --- Exports ------------------------------------------------------------------------------------------------------
+// --- Exports -----------------------------------------------------------------------------------------------
 
 TEST(ShellUnit, WKTHasNameAndSize) {
     EXPECT_EQ(WKTOf(*MakeUnit<TShellLinearUnit>(Metre())), "UNIT[\"metre\",1]");
@@ -373,7 +373,7 @@ TEST(ShellUnit, GeokeysThatExistStay) {
     EXPECT_EQ(keys, before);
 }
 
-// --- XML ----------------------------------------------------------------------------------------------------------
+// --- XML ---------------------------------------------------------------------------------------------------
 
 TEST(ShellUnit, XMLGivesAllMembers) {
     TListReader reader(FullItems());

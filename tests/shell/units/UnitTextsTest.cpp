@@ -104,7 +104,7 @@ void ExpectDocumentRoundTrip(TUnit const& unit) {
 
 } // namespace
 
-// --- Round trips --------------------------------------------------------------------------------------------------
+// --- Round trips -------------------------------------------------------------------------------------------
 
 TEST(UnitTexts, DegreesMinutesSecondsReadBackWhatTheyPrint) {
     auto const unit = MakeUnit<TShellUnitDegreeMinuteSecond>(Degree(7));
@@ -211,7 +211,7 @@ TEST(UnitTexts, CoefficientsSurviveADocumentToTheLastBit) {
     }
 }
 
-// --- Any bytes and any numbers ------------------------------------------------------------------------------------
+// --- Any bytes and any numbers -----------------------------------------------------------------------------
 
 TEST(UnitTexts, AnyBytesAreReadWithoutHarm) {
     auto const linear = MakeUnit<TShellLinearUnit>(Metre());
@@ -277,7 +277,7 @@ TEST(UnitTexts, FarDecimalsPrintWithoutHarm) {
     EXPECT_EQ(decimalMinute->ValueToString(12.5, 308), "12.30" + zeros.substr(0, 308));
 }
 
-// --- A host with a decimal comma ----------------------------------------------------------------------------------
+// --- A host with a decimal comma ---------------------------------------------------------------------------
 
 TEST(UnitTexts, DecimalCommaOfTheHostChangesNoText) {
     TCommaLocale const comma;

@@ -24,7 +24,8 @@ TGeodeticText InFeet(TGeodeticText text) {
 }
 
 TEST(TransformCoords, ShiftsPulkovo1942ToWgs84) {
-    // cs2cs +proj=longlat +ellps=krass +towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +to +proj=longlat +datum=WGS84:
+    // cs2cs +proj=longlat +ellps=krass +towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +to +proj=longlat
+    // +datum=WGS84:
     // 37.618125891889 E, 55.750042613104 N; the height by cct with the same steps is 154.542209 m.
     auto const source = Create(Pulkovo1942());
     auto const target = Create(WithZeroShift());
@@ -174,8 +175,8 @@ TEST(TransformAxes, GivesTheDerivativesOfTheWorldCoordinates) {
 
     ASSERT_TRUE(TransformAxes(system.get(), 0, 0, 0, axes, true));
 
-    // At (0, 0) by longitude (core X): Y grows by a per radian, a sin(1e-5)/1e-5; by latitude: Z by the radius of
-    // curvature of the meridian a (1 - e2), likewise; by height: X by 1.
+    // At (0, 0) by longitude (core X): Y grows by a per radian, a sin(1e-5)/1e-5; by latitude: Z by the
+    // radius of curvature of the meridian a (1 - e2), likewise; by height: X by 1.
     EXPECT_NEAR(axes[0], 0, 1e-4);
     EXPECT_NEAR(axes[1], 6378136.99989, 1e-4);
     EXPECT_NEAR(axes[2], 0, 1e-4);

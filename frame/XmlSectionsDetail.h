@@ -37,14 +37,24 @@ private:
     unsigned long handle;
 };
 
-/** Writes a section around what `writeContent` writes. @return false when any of it failed. */
+/**
+ * Writes a section around what `writeContent` writes. The section is closed after a failure, too, so that the
+ * caller's own is the current one again.
+ * @return false when any of it failed.
+ */
 template <class Content>
 bool WriteXmlSection(TKvXIniWriter* writer, std::string const& name, Content writeContent) {
     unsigned long const handle = writer->BeginSection(name);
     if (handle == 0) {
         return false;
     }
-    bool const written = writeContent();
+    bool written = false;
+    try {
+        written = writeContent();
+    } catch (...) {
+        writer->EndSection(handle);
+        throw;
+    }
     return writer->EndSection(handle) && written;
 }
 

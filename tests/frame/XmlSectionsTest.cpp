@@ -1,0 +1,55 @@
+#include "frame/XmlSectionsDetail.h"
+
+#include "hostkit/XmlIni.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace KvRefSystem {
+namespace {
+
+TEST(XmlSections, AWrittenSectionIsClosedWhenItsContentThrows) {
+    VellariHostKit::TXmlIniWriter writer;
+
+    EXPECT_THROW(WriteXmlSection(&writer, "Section", []() -> bool { throw std::runtime_error("inside"); }),
+                 std::runtime_error);
+
+    // The document can only be asked for while no section is open.
+    EXPECT_NE(writer.ToString().find("Section"), std::string::npos);
+}
+
+TEST(XmlSections, AWrittenSectionIsClosedWhenItsContentFails) {
+    VellariHostKit::TXmlIniWriter writer;
+
+    EXPECT_FALSE(WriteXmlSection(&writer, "Section", [] { return false; }));
+    EXPECT_NE(writer.ToString().find("Section"), std::string::npos);
+}
+
+TEST(XmlSections, AReadSectionIsLeftWhenAnExceptionPasses) {
+    VellariHostKit::TXmlIniReader reader;
+    reader.LoadString("<Vellari><Section><Inside>1</Inside></Section><After>2</After></Vellari>");
+
+    try {
+        TXmlReadSection section(&reader, "Section");
+        ASSERT_TRUE(static_cast<bool>(section));
+        EXPECT_EQ(ReadXmlInt(&reader, "Inside", 0), 1);
+        throw std::runtime_error("inside");
+    } catch (std::runtime_error const&) {
+        EXPECT_EQ(ReadXmlText(&reader, "After"), "2");
+    }
+}
+
+TEST(XmlSections, AMissingSectionIsFalseAndLeavesNothing) {
+    VellariHostKit::TXmlIniReader reader;
+    reader.LoadString("<Vellari><After>2</After></Vellari>");
+
+    TXmlReadSection section(&reader, "Section");
+
+    EXPECT_FALSE(static_cast<bool>(section));
+    EXPECT_TRUE(section.Leave());
+    EXPECT_EQ(ReadXmlInt(&reader, "Section", 7), 7);
+}
+
+} // namespace
+} // namespace KvRefSystem
