@@ -7,13 +7,11 @@
 #include <string>
 #include <string_view>
 
-namespace KvRefSystem {
-
 // Not for hosts, and hidden from them.
 #pragma GCC visibility push(hidden)
 
 /** What the field and the tree share inside of their bodies. */
-namespace DataTreeDetail {
+namespace KvRefSystem::DataTreeDetail {
 
 /** Ends a tree or a field as a plain one, never virtually. */
 struct TPlainRelease {
@@ -173,8 +171,6 @@ private:
     bool isOpen = true;
 };
 
-} // namespace DataTreeDetail
+} // namespace KvRefSystem::DataTreeDetail
 
 #pragma GCC visibility pop
-
-} // namespace KvRefSystem

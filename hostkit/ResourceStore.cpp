@@ -113,7 +113,7 @@ void TResourceStore::LoadText(std::string_view text, std::string const& source) 
 
 void TResourceStore::SetLanguage(std::string const& language) {
     std::unique_lock<std::shared_mutex> const lock(state->guard);
-    if (state->languages.count(language) == 0) {
+    if (!state->languages.contains(language)) {
         std::string known;
         for (auto const& [name, texts] : state->languages) {
             known += (known.empty() ? "\"" : ", \"") + name + "\"";

@@ -28,7 +28,7 @@ public:
         : text(*target), compact(compactSections) {}
 
     void Print(pugi::xml_node const& element, unsigned long level, bool isOnLine) {
-        bool const isCompact = isOnLine || compact.count(element.hash_value()) != 0;
+        bool const isCompact = isOnLine || compact.contains(element.hash_value());
         Indent(level, isOnLine);
         text.append("<").append(element.name());
         for (pugi::xml_attribute const attribute : element.attributes()) {

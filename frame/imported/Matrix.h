@@ -7,8 +7,8 @@ namespace LumCommonUtils {
 /** Dense matrix of doubles; every access outside of it throws std::runtime_error. */
 class TMatrix {
 public:
-    /** A matrix of zeros. @param columns number of columns. @param rows number of rows. */
-    TMatrix(unsigned long columns, unsigned long rows);
+    /** A matrix of zeros. */
+    TMatrix(unsigned long columnCount, unsigned long rowCount);
     TMatrix(TMatrix const& source);
     ~TMatrix();
     TMatrix& operator=(TMatrix const& source);

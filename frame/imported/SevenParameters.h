@@ -30,7 +30,7 @@ public:
     bool Initialize(T7Params const& parameters);
 
     /** Gives back the seven stored numbers unchanged. */
-    void GetParameters(T7Params* parameters) const;
+    void GetParameters(T7Params* stored) const;
 
     /** p' = (1 + m) A p + d, metres; the outputs may be the input variables. */
     void DirectTransform(double const& x, double const& y, double const& z, double* rx, double* ry,

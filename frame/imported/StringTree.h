@@ -15,8 +15,9 @@ public:
     /** An empty field, to be read. */
     TStringField();
 
-    /** A field of `count` values, each copied from `values`. */
-    TStringField(int tag, int idx, std::string const* values, unsigned long count, std::string header);
+    /** A field of `valueCount` values, each copied from `source`. */
+    TStringField(int fieldTag, int fieldIdx, std::string const* source, unsigned long valueCount,
+                 std::string label);
 
     using TDataField<std::string>::ValueToString;
     using TDataField<std::string>::StringToValue;
@@ -40,53 +41,53 @@ public:
     /** An empty root tree, to be read or filled. */
     TStringTree();
 
-    /** An empty tree. @param parent the enclosing tree, null at the root; not owned. */
-    TStringTree(int tag, int idx, TDataTree<std::string>* parent, std::string header);
+    /** An empty tree. @param enclosing the parent, null at the root; not owned. */
+    TStringTree(int treeTag, int treeIdx, TDataTree<std::string>* enclosing, std::string label);
 
     using TDataTree<std::string>::CreateSubtree;
     using TDataTree<std::string>::CreateField;
 
-    TDataTree<std::string>* CreateSubtree(int tag, int idx, std::string header) override;
+    TDataTree<std::string>* CreateSubtree(int subtreeTag, int subtreeIdx, std::string label) override;
     TDataTree<std::string>* CreateSubtree(char const* text, unsigned long* position) override;
     TDataTree<std::string>* CreateSubtree(TKvXIniReader* reader, unsigned long item) override;
-    KvRefSystem::TDataField<std::string>* CreateField(int tag, int idx, std::string* values,
-                                                      unsigned long count, std::string header) override;
-    KvRefSystem::TDataField<std::string>* CreateField(int tag, int idx, std::string const& value,
-                                                      std::string header) override;
+    KvRefSystem::TDataField<std::string>* CreateField(int fieldTag, int fieldIdx, std::string* source,
+                                                      unsigned long valueCount, std::string label) override;
+    KvRefSystem::TDataField<std::string>* CreateField(int fieldTag, int fieldIdx, std::string const& value,
+                                                      std::string label) override;
     KvRefSystem::TDataField<std::string>* CreateField(char const* text, unsigned long* position) override;
     KvRefSystem::TDataField<std::string>* CreateField(TKvXIniReader* reader, unsigned long item) override;
 
     /** @return the subtree (tag, idx), or null. */
-    TStringTree* FindSubtree(int tag, int idx);
-    TStringTree const* FindSubtree(int tag, int idx) const;
+    TStringTree* FindSubtree(int subtreeTag, int subtreeIdx);
+    TStringTree const* FindSubtree(int subtreeTag, int subtreeIdx) const;
 
     /** @return the field (tag, idx), or null. */
-    TStringField* FindField(int tag, int idx);
-    TStringField const* FindField(int tag, int idx) const;
+    TStringField* FindField(int fieldTag, int fieldIdx);
+    TStringField const* FindField(int fieldTag, int fieldIdx) const;
 
     /**
      * Reads a whole number, strictly.
      * @return false, `*value` untouched, without the field or for another text.
      */
-    bool GetInteger(int tag, int idx, int* value) const;
+    bool GetInteger(int fieldTag, int fieldIdx, int* value) const;
 
     /** Reads a number, strictly. @return false, `*value` untouched, without the field or for another text. */
-    bool GetDouble(int tag, int idx, double* value) const;
+    bool GetDouble(int fieldTag, int fieldIdx, double* value) const;
 
     /** Reads a text. @return false, `*value` untouched, without the field or when it holds no value. */
-    bool GetString(int tag, int idx, std::string* value) const;
+    bool GetString(int fieldTag, int fieldIdx, std::string* value) const;
 
     /** As `InsertField`, of the decimal text. @return false, nothing changed, when the pair is taken. */
-    bool InsertInteger(std::string header, int tag, int idx, int value);
+    bool InsertInteger(std::string label, int fieldTag, int fieldIdx, int value);
 
     /**
      * As `InsertField`, of the text of 18 digits, which reads back the same.
      * @return false when the pair is taken.
      */
-    bool InsertDouble(std::string header, int tag, int idx, double const& value);
+    bool InsertDouble(std::string label, int fieldTag, int fieldIdx, double const& value);
 
     /** As `InsertField`. @return false, nothing changed, when the pair is taken. */
-    bool InsertString(std::string header, int tag, int idx, std::string const& value);
+    bool InsertString(std::string label, int fieldTag, int fieldIdx, std::string const& value);
 };
 
 /**

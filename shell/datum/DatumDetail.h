@@ -7,7 +7,10 @@
 #include <memory>
 #include <string>
 
-/** What the bodies of the datum components share; no part of the interface. */
+// Not for hosts, and hidden from them.
+#pragma GCC visibility push(hidden)
+
+/** What the bodies of the datum components share. */
 namespace KvRefSystem::DatumDetail {
 
 /**
@@ -65,3 +68,5 @@ inline double RoundToEightPlaces(double value) {
 }
 
 } // namespace KvRefSystem::DatumDetail
+
+#pragma GCC visibility pop
