@@ -1,7 +1,7 @@
 #include "shell/refsystems/GeodeticReferenceSystem.h"
 
 #include "frame/imported/BaseGrid.h"
-#include "tests/support/Descriptions.h"
+#include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
 
@@ -16,30 +16,6 @@ namespace {
 using namespace TestSupport;
 
 using TKeys = std::map<int, std::string>;
-
-/** The same undulation everywhere. */
-class TLevelGrid : public TBaseGrid {
-public:
-    explicit TLevelGrid(double height) : undulation(height) {}
-
-    bool GetZFastZ(double, double, double& z, unsigned int) override {
-        z = undulation;
-        return true;
-    }
-
-private:
-    double undulation;
-};
-
-std::unique_ptr<TShellGeodeticReferenceSystem>
-Geodetic(TGeodeticText const& text, std::function<void(TStringTree*)> const& change = {}) {
-    TStringTree tree;
-    FillGeodetic(&tree, text);
-    if (change) {
-        change(&tree);
-    }
-    return std::make_unique<TShellGeodeticReferenceSystem>(&tree, nullptr);
-}
 
 TEST(GeodeticExportsEdge, ANameIsTakenForThePrimarySystemsToo) {
     auto const system = Geodetic(WithZeroShift());

@@ -1,7 +1,7 @@
 #include "shell/refsystems/GeodeticReferenceSystem.h"
 
 #include "frame/imported/BaseGrid.h"
-#include "tests/support/Descriptions.h"
+#include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
 
@@ -15,22 +15,13 @@ using namespace TestSupport;
 
 using TKeys = std::map<int, std::string>;
 
-std::unique_ptr<TShellGeodeticReferenceSystem> Geodetic(TGeodeticText const& text) {
-    TStringTree tree;
-    FillGeodetic(&tree, text);
-    auto system = std::make_unique<TShellGeodeticReferenceSystem>(&tree, nullptr);
+/** A system with the labels that the expected texts show. */
+std::unique_ptr<TShellGeodeticReferenceSystem> Labelled(TGeodeticText const& text) {
+    auto system = Geodetic(text);
     system->AxisName[0] = "Lat";
     system->AxisName[1] = "Lon";
     return system;
 }
-
-class TFlatGrid : public TBaseGrid {
-public:
-    bool GetZFastZ(double, double, double& z, unsigned int) override {
-        z = 0;
-        return true;
-    }
-};
 
 constexpr char const* Wgs84Wkt =
     "GEOGCS[\"WGS 84\",DATUM[\"Test "
@@ -40,12 +31,12 @@ constexpr char const* Wgs84Wkt =
 TEST(GeodeticExports, WritesWkt) {
     std::string text;
 
-    ASSERT_TRUE(Geodetic(WithZeroShift())->ExportToWKT(&text, false, false));
+    ASSERT_TRUE(Labelled(WithZeroShift())->ExportToWKT(&text, false, false));
     EXPECT_EQ(text, Wgs84Wkt);
 }
 
 TEST(GeodeticExports, CodesBecomeAuthorities) {
-    auto const system = Geodetic(WithZeroShift());
+    auto const system = Labelled(WithZeroShift());
     system->GeoTIFFCode = "4326";
     system->DatumGeoTIFFCode = "6326";
     std::string text;
@@ -57,7 +48,7 @@ TEST(GeodeticExports, CodesBecomeAuthorities) {
 }
 
 TEST(GeodeticExports, WithoutAShiftTheDatumIsUnspecifiedButKeepsItsCode) {
-    auto const system = Geodetic(TGeodeticText());
+    auto const system = Labelled(TGeodeticText());
     std::string text;
     ASSERT_TRUE(system->ExportDatumToWKT(&text));
     EXPECT_EQ(text, "DATUM[\"Unspecified\",SPHEROID[\"Ellipsoid\",6378137,298.257223563]]");
@@ -72,7 +63,7 @@ TEST(GeodeticExports, WithoutAShiftTheDatumIsUnspecifiedButKeepsItsCode) {
 TEST(GeodeticExports, CompoundWktHoldsEllipsoidalHeights) {
     std::string text;
 
-    ASSERT_TRUE(Geodetic(WithZeroShift())->ExportToWKT(&text, true, false));
+    ASSERT_TRUE(Labelled(WithZeroShift())->ExportToWKT(&text, true, false));
     EXPECT_EQ(text,
               "COMPD_CS[\"WGS 84\"," + std::string(Wgs84Wkt) +
                   ",VERT_CS[\"height above ellipsoid\",VERT_DATUM[\"ellipsoidal\",2002],UNIT[\"metre\",1],"
@@ -80,9 +71,9 @@ TEST(GeodeticExports, CompoundWktHoldsEllipsoidalHeights) {
 }
 
 TEST(GeodeticExports, AGeoidMakesTheSystemCompound) {
-    auto const system = Geodetic(WithZeroShift());
+    auto const system = Labelled(WithZeroShift());
     auto const grid = Create(WithZeroShift());
-    TFlatGrid surface;
+    TLevelGrid surface(0);
     ASSERT_TRUE(system->SetGeoid(" egm96 grid ", &surface, grid.get()));
     std::string text;
 
@@ -97,7 +88,7 @@ TEST(GeodeticExports, AGeoidMakesTheSystemCompound) {
 }
 
 TEST(GeodeticExports, GeoidNamesAreRecognisedTheOlderModelFirst) {
-    auto const system = Geodetic(WithZeroShift());
+    auto const system = Labelled(WithZeroShift());
     struct TRow {
         char const* id;
         char const* authority;
@@ -120,7 +111,7 @@ TEST(GeodeticExports, GeoidNamesAreRecognisedTheOlderModelFirst) {
 }
 
 TEST(GeodeticExports, ThePrimarySystemIsNamedAfterItsDatum) {
-    auto const system = Geodetic(WithZeroShift());
+    auto const system = Labelled(WithZeroShift());
     std::string text;
 
     ASSERT_TRUE(system->Export2DToWKT(&text, true, "Primary ref. system"));
@@ -133,7 +124,7 @@ TEST(GeodeticExports, ThePrimarySystemIsNamedAfterItsDatum) {
 }
 
 TEST(GeodeticExports, AFailureLeavesTheTextAlone) {
-    auto const system = Geodetic(WithZeroShift());
+    auto const system = Labelled(WithZeroShift());
     system->AngularUnit->CoefToBase = 0.0;
     std::string text = "kept";
     EXPECT_FALSE(system->ExportToWKT(&text, false, false));
@@ -149,7 +140,7 @@ TEST(GeodeticExports, AFailureLeavesTheTextAlone) {
 }
 
 TEST(GeodeticExports, MapInfoClauseTakesTheReadyDatum) {
-    auto const system = Geodetic(Pulkovo1942());
+    auto const system = Labelled(Pulkovo1942());
     TStringTree* const settings = Child(system->SavedTree, 101000);
     SetField(settings, 101001, "1");
     SetField(settings, 101002, "m");
@@ -161,7 +152,7 @@ TEST(GeodeticExports, MapInfoClauseTakesTheReadyDatum) {
 }
 
 TEST(GeodeticExports, MapInfoClauseSpellsACustomDatumOut) {
-    auto const system = Geodetic(Pulkovo1942());
+    auto const system = Labelled(Pulkovo1942());
     TStringTree* const settings = Child(system->SavedTree, 101000);
     SetField(settings, 101001, "1");
     SetField(settings, 101002, "m");
@@ -176,7 +167,7 @@ TEST(GeodeticExports, MapInfoClauseSpellsACustomDatumOut) {
 }
 
 TEST(GeodeticExports, MapInfoClauseFallsBackToNonearth) {
-    auto const system = Geodetic(Pulkovo1942());
+    auto const system = Labelled(Pulkovo1942());
     std::string text;
 
     ASSERT_TRUE(system->ExportToMIFMID(&text, false));
@@ -190,7 +181,7 @@ TEST(GeodeticExports, MapInfoClauseFallsBackToNonearth) {
 }
 
 TEST(GeodeticExports, GeoTiffKeysOfAUserDefinedSystem) {
-    auto const system = Geodetic(WithZeroShift());
+    auto const system = Labelled(WithZeroShift());
     TKeys keys;
 
     ASSERT_TRUE(system->ExportToGeoTIFF(&keys, false));
@@ -211,7 +202,7 @@ TEST(GeodeticExports, GeoTiffKeysOfAUserDefinedSystem) {
 TEST(GeodeticExports, TheVerticalUnitsSizeSharesTheLinearUnitsKey) {
     TGeodeticText text = WithZeroShift();
     text.heightUnit = Foot();
-    auto const system = Geodetic(text);
+    auto const system = Labelled(text);
     system->GeoTIFFCode = "4326";
     TKeys keys;
 
@@ -224,9 +215,9 @@ TEST(GeodeticExports, TheVerticalUnitsSizeSharesTheLinearUnitsKey) {
 }
 
 TEST(GeodeticExports, GeoTiffWithAGeoidNamesIt) {
-    auto const system = Geodetic(WithZeroShift());
+    auto const system = Labelled(WithZeroShift());
     auto const grid = Create(WithZeroShift());
-    TFlatGrid surface;
+    TLevelGrid surface(0);
     ASSERT_TRUE(system->SetGeoid("EGM96", &surface, grid.get()));
     TKeys with;
     TKeys without;
@@ -239,7 +230,7 @@ TEST(GeodeticExports, GeoTiffWithAGeoidNamesIt) {
 }
 
 TEST(GeodeticExports, AnEmptyGeoTiffTypeEndsTheExport) {
-    auto const system = Geodetic(WithZeroShift());
+    auto const system = Labelled(WithZeroShift());
     system->GeoTIFFType = "";
     TKeys keys;
 
@@ -248,7 +239,7 @@ TEST(GeodeticExports, AnEmptyGeoTiffTypeEndsTheExport) {
 }
 
 TEST(GeodeticExports, TheClassifiedFormLeavesTheDatumOut) {
-    auto const system = Geodetic(Pulkovo1942());
+    auto const system = Labelled(Pulkovo1942());
     system->GeoTIFFCode = "4284";
     TKeys keys;
 
@@ -264,7 +255,7 @@ TEST(GeodeticExports, TheClassifiedFormLeavesTheDatumOut) {
 }
 
 TEST(GeodeticExports, PanoramaKeysAreTheGeoTiffOnes) {
-    auto const system = Geodetic(WithZeroShift());
+    auto const system = Labelled(WithZeroShift());
     TKeys panorama;
     TKeys geotiff;
 

@@ -4,7 +4,7 @@
 #include "hostkit/XmlIni.h"
 #include "shell/units/BuiltInUnits.h"
 #include "shell/units/SexagesimalUnits.h"
-#include "tests/support/Descriptions.h"
+#include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
 
@@ -22,17 +22,6 @@ using namespace TestSupport;
 constexpr double Pi = 3.141592653589793;
 constexpr char const* ShortMessage =
     "TShellGeodeticReferenceSystem(TStringTree *tree, TKvProgressHandler *prh)";
-
-/** A geodetic system of a text, changed before it is built. */
-std::unique_ptr<TShellGeodeticReferenceSystem>
-Geodetic(TGeodeticText const& text, std::function<void(TStringTree*)> const& change = {}) {
-    TStringTree tree;
-    FillGeodetic(&tree, text);
-    if (change) {
-        change(&tree);
-    }
-    return std::make_unique<TShellGeodeticReferenceSystem>(&tree, nullptr);
-}
 
 std::string ThrownAfter(std::function<void(TStringTree*)> const& change) {
     try {

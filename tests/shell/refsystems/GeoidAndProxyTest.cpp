@@ -2,7 +2,7 @@
 
 #include "frame/imported/BaseGrid.h"
 #include "shell/refsystems/public/CoordinateOperation.h"
-#include "tests/support/Descriptions.h"
+#include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
 
@@ -15,20 +15,6 @@ namespace {
 
 using namespace TestSupport;
 
-/** The same undulation everywhere. */
-class TConstantGrid : public TBaseGrid {
-public:
-    explicit TConstantGrid(double metres) : undulation(metres) {}
-
-    bool GetZFastZ(double, double, double& z, unsigned int) override {
-        z = undulation;
-        return true;
-    }
-
-private:
-    double undulation;
-};
-
 constexpr char const* GeoidMessage =
     "void TShellReferenceSystem::SetGeoid(TBaseGrid*, const TShellReferenceSystem*)";
 
@@ -40,7 +26,7 @@ TEST(GeoidSettings, SettingAGeoidWritesItsIdAndActsOnHeights) {
     auto const grid = Create(WithZeroShift());
     auto const system = Create(WithZeroShift());
     auto const target = Create(WithZeroShift());
-    TConstantGrid surface(40);
+    TLevelGrid surface(40);
     double x = 0;
     double y = 0;
     double z = 0;
@@ -62,7 +48,7 @@ TEST(GeoidSettings, SkippingTheGeoidGivesEllipsoidalHeights) {
     auto const grid = Create(WithZeroShift());
     auto const system = Create(WithZeroShift());
     auto const target = Create(WithZeroShift());
-    TConstantGrid surface(40);
+    TLevelGrid surface(40);
     ASSERT_TRUE(system->SetGeoid("a", &surface, grid.get()));
     ASSERT_TRUE(target->SetGeoid("b", &surface, grid.get()));
     double coords[3] = {50, 10, 100};
@@ -75,7 +61,7 @@ TEST(GeoidSettings, SkippingTheGeoidGivesEllipsoidalHeights) {
 TEST(GeoidSettings, ActiveGeoidAndSettingAreComparedById) {
     auto const grid = Create(WithZeroShift());
     auto const system = Create(WithZeroShift());
-    TConstantGrid surface(40);
+    TLevelGrid surface(40);
 
     EXPECT_TRUE(system->CheckGeoid());
     ASSERT_TRUE(system->InsertGeoidSetting("other"));
@@ -94,7 +80,7 @@ TEST(GeoidSettings, ActiveGeoidAndSettingAreComparedById) {
 TEST(GeoidSettings, AFailureTakesTheOldGeoidAway) {
     auto const grid = Create(WithZeroShift());
     auto const system = Create(WithZeroShift());
-    TConstantGrid surface(40);
+    TLevelGrid surface(40);
     ASSERT_TRUE(system->SetGeoid("geoid", &surface, grid.get()));
 
     try {
@@ -111,7 +97,7 @@ TEST(GeoidSettings, AFailureTakesTheOldGeoidAway) {
 TEST(GeoidSettings, ACopyHasAGeoidBoundToItself) {
     auto const grid = Create(WithZeroShift());
     auto const system = Create(WithZeroShift());
-    TConstantGrid surface(40);
+    TLevelGrid surface(40);
     ASSERT_TRUE(system->SetGeoid("geoid", &surface, grid.get()));
 
     std::unique_ptr<TShellReferenceSystem> const copy(system->CreateCopy());
@@ -126,7 +112,7 @@ TEST(GeoidSettings, EqualDatumsWithDifferentGeoidsAreDifferent) {
     auto const grid = Create(WithZeroShift());
     auto const first = Create(WithZeroShift());
     auto const second = Create(WithZeroShift());
-    TConstantGrid surface(40);
+    TLevelGrid surface(40);
 
     EXPECT_EQ(CompareDatums(first.get(), second.get()), dcEqual);
     ASSERT_TRUE(first->SetGeoid("geoid", &surface, grid.get()));
@@ -260,7 +246,7 @@ TEST(ProxySettings, TheProxysGeoidIsOnlyToldOf) {
     auto const system = Create(WithZeroShift());
     auto const proxy = Proxy(Pulkovo1942());
     auto const grid = Create(WithZeroShift());
-    TConstantGrid surface(40);
+    TLevelGrid surface(40);
     ASSERT_TRUE(proxy->SetGeoid("geoid", &surface, grid.get()));
     ASSERT_TRUE(system->SetProxyRefSys(proxy));
 

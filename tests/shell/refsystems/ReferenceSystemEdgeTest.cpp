@@ -4,7 +4,7 @@
 #include "hostkit/XmlIni.h"
 #include "shell/refsystems/public/CoordinateOperation.h"
 #include "shell/refsystems/public/ReferenceSystemFactory.h"
-#include "tests/support/Descriptions.h"
+#include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
 
@@ -19,30 +19,6 @@ namespace {
 
 using namespace TestSupport;
 
-/** The same undulation everywhere. */
-class TLevelGrid : public TBaseGrid {
-public:
-    explicit TLevelGrid(double height) : undulation(height) {}
-
-    bool GetZFastZ(double, double, double& z, unsigned int) override {
-        z = undulation;
-        return true;
-    }
-
-private:
-    double undulation;
-};
-
-std::unique_ptr<TShellGeodeticReferenceSystem>
-Geodetic(TGeodeticText const& text, std::function<void(TStringTree*)> const& change = {}) {
-    TStringTree tree;
-    FillGeodetic(&tree, text);
-    if (change) {
-        change(&tree);
-    }
-    return std::make_unique<TShellGeodeticReferenceSystem>(&tree, nullptr);
-}
-
 std::unique_ptr<TShellReferenceSystem> BornFromXml(TGeodeticText const& text) {
     VellariHostKit::TXmlIniWriter writer;
     EXPECT_TRUE(Create(text)->SaveToXML(&writer));
@@ -51,23 +27,8 @@ std::unique_ptr<TShellReferenceSystem> BornFromXml(TGeodeticText const& text) {
     return std::unique_ptr<TShellReferenceSystem>(CreateShellReferenceSystem(&reader, nullptr));
 }
 
-TShellRefSystemTransformShiftZParams HeightShift(double metres) {
-    TShellRefSystemTransformShiftZParams params;
-    params.dH = metres;
-    return params;
-}
-
 void RemoveHeightUnit(TStringTree* tree) {
     tree->FindSubtree(1201, 0)->DeleteSubtree(1104, 0);
-}
-
-std::string ThrownText(std::function<void()> const& run) {
-    try {
-        run();
-        return "nothing thrown";
-    } catch (std::exception const& failure) {
-        return failure.what();
-    }
 }
 
 // Construction

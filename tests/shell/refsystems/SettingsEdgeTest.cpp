@@ -1,7 +1,7 @@
 #include "shell/refsystems/GeodeticReferenceSystem.h"
 
 #include "frame/imported/BaseGrid.h"
-#include "tests/support/Descriptions.h"
+#include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
 
@@ -17,36 +17,6 @@ namespace {
 
 using namespace TestSupport;
 
-/** The same undulation everywhere. */
-class TLevelGrid : public TBaseGrid {
-public:
-    explicit TLevelGrid(double height) : undulation(height) {}
-
-    bool GetZFastZ(double, double, double& z, unsigned int) override {
-        z = undulation;
-        return true;
-    }
-
-private:
-    double undulation;
-};
-
-std::unique_ptr<TShellGeodeticReferenceSystem>
-Geodetic(TGeodeticText const& text, std::function<void(TStringTree*)> const& change = {}) {
-    TStringTree tree;
-    FillGeodetic(&tree, text);
-    if (change) {
-        change(&tree);
-    }
-    return std::make_unique<TShellGeodeticReferenceSystem>(&tree, nullptr);
-}
-
-TShellRefSystemTransformShiftZParams HeightShift(double metres) {
-    TShellRefSystemTransformShiftZParams params;
-    params.dH = metres;
-    return params;
-}
-
 void AppendPairwise(TShellReferenceSystem* system, std::string const& name, double metres) {
     auto const shift = HeightShift(metres);
     EXPECT_TRUE(system->AppendPairwiseTransform(name, &shift));
@@ -54,15 +24,6 @@ void AppendPairwise(TShellReferenceSystem* system, std::string const& name, doub
 
 void RemoveHeightUnit(TStringTree* tree) {
     tree->FindSubtree(1201, 0)->DeleteSubtree(1104, 0);
-}
-
-std::string ThrownText(std::function<void()> const& run) {
-    try {
-        run();
-        return "nothing thrown";
-    } catch (std::exception const& failure) {
-        return failure.what();
-    }
 }
 
 // Proxies

@@ -2,7 +2,7 @@
 
 #include "core/refsystems/ReferenceSystem.h"
 #include "shell/refsystems/public/CoordinateOperation.h"
-#include "tests/support/Descriptions.h"
+#include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
 
@@ -12,12 +12,6 @@ namespace KvRefSystem {
 namespace {
 
 using namespace TestSupport;
-
-TShellRefSystemTransformShiftZParams HeightShift(double metres) {
-    TShellRefSystemTransformShiftZParams params;
-    params.dH = metres;
-    return params;
-}
 
 /** Height (metres) of a point of `system` in WGS 84 itself. */
 double HeightInWgs84(TShellReferenceSystem const& system) {

@@ -1,9 +1,7 @@
 #include "shell/transforms/TransformChain.h"
 
-#include "core/refsystems/ReferenceSystem.h"
 #include "core/transforms/PlaneAndVertical.h"
-#include "core/transforms/PlaneGrid.h"
-#include "frame/NumberText.h"
+#include "tests/shell/transforms/ChainFixtures.h"
 
 #include <gtest/gtest.h>
 
@@ -16,12 +14,7 @@
 
 namespace {
 
-using namespace KvRefSystem;
-using TParams = TShellRefSystemTransformParams;
-using TAffine = TShellRefSystemTransform2DAffineParams;
-using TGrid = TShellRefSystemTransform2DGridParams;
-using TShift = TShellRefSystemTransformShiftZParams;
-using TChain = TShellRefSystemTransform;
+using namespace ChainFixtures;
 
 static_assert(sizeof(TChain) == 32);
 static_assert(offsetof(TChain, Chain) == 0);
@@ -29,103 +22,6 @@ static_assert(offsetof(TChain, Cursor) == 24);
 static_assert(!std::is_copy_constructible_v<TChain>);
 
 constexpr char const* readMessage = "TShellRefSystemTransform::TShellRefSystemTransform(TStringTree *src)";
-constexpr char const* coreMessage = "TShellRefSystemTransform::CreateCoreTransform";
-
-struct TDestroy {
-    void operator()(TChain* chain) const { DestroyTransformChain(chain); }
-};
-using TChainPtr = std::unique_ptr<TChain, TDestroy>;
-
-template <class Action>
-std::string MessageOf(Action action) {
-    try {
-        action();
-    } catch (std::runtime_error const& error) {
-        return error.what();
-    }
-    return std::string();
-}
-
-TAffine MakeAffine(double a11, double a12, double a13, double a21, double a22, double a23) {
-    TAffine params(false);
-    double const row1[] = {a11, a12, a13};
-    double const row2[] = {a21, a22, a23};
-    params.Set(row1, row2);
-    return params;
-}
-
-/** Tables of 2 by 2 values around the origin: east everywhere 1, north everywhere -2. */
-TGrid MakeGrid(double coef = 0.5) {
-    TGrid params;
-    params.dE = "2 2 10 0 0 1 1 1 1";
-    params.dN = "2 2 10 0 0 -2 -2 -2 -2";
-    params.coef = coef;
-    return params;
-}
-
-TShift MakeShift(double dH) {
-    TShift params;
-    params.dH = dH;
-    return params;
-}
-
-/** An affine, a grid and a height record, the first two with labels. */
-TChainPtr MakeChain() {
-    TChainPtr chain(new TChain);
-    TAffine affine = MakeAffine(1, 2, 3, 4, 5, 6);
-    affine.SetNameDecsription("turn", "first");
-    TGrid grid = MakeGrid();
-    grid.SetNameDecsription("bend", "second");
-    grid.refsys = std::string("(0,0)x\n\0", 8);
-    EXPECT_TRUE(chain->AddNextTransform(affine));
-    EXPECT_TRUE(chain->AddNextTransform(grid));
-    EXPECT_TRUE(chain->AddNextTransform(MakeShift(12.5)));
-    return chain;
-}
-
-/** The fields of a subtree, each as "tag,idx header=value". */
-std::vector<std::string> Lines(TStringTree const& tree) {
-    std::vector<std::string> lines;
-    for (unsigned long k = 0; k < tree.fields.Size(); ++k) {
-        TDataField<std::string> const& field = *tree.fields[k];
-        lines.push_back(std::to_string(field.tag) + "," + std::to_string(field.idx) + " " + field.header +
-                        "=" + field.ValueToString(0));
-    }
-    return lines;
-}
-
-/** A subtree of one record. */
-TStringTree* PutRecord(TStringTree* tree, int idx, int type) {
-    tree->InsertSubtree("", 7100, idx);
-    TStringTree* const record = tree->FindSubtree(7100, idx);
-    record->InsertInteger("", 7101, 0, type);
-    return record;
-}
-
-TStringTree* PutAffine(TStringTree* tree, int idx) {
-    TStringTree* const record = PutRecord(tree, idx, 4);
-    record->InsertDouble("", 7105, 0, 10);
-    record->InsertDouble("", 7106, 0, 20);
-    record->InsertDouble("", 7109, 0, 1);
-    record->InsertDouble("", 7109, 1, 2);
-    record->InsertDouble("", 7109, 2, 3);
-    record->InsertDouble("", 7109, 3, 4);
-    return record;
-}
-
-TStringTree* PutGrid(TStringTree* tree, int idx) {
-    TStringTree* const record = PutRecord(tree, idx, 5);
-    record->InsertString("", 7121, 0, "e");
-    record->InsertString("", 7122, 0, "n");
-    record->InsertDouble("", 7125, 0, 2);
-    return record;
-}
-
-TStringTree* PutShift(TStringTree* tree, int idx, double dH) {
-    TStringTree* const record = PutRecord(tree, idx, 6);
-    record->InsertDouble("", 7107, 0, dH);
-    return record;
-}
 
 // --- The list ---
 
@@ -470,140 +366,6 @@ TEST(ShellTransformChain, NullRecordEndsTheWalk) {
     TStringTree tree;
     EXPECT_TRUE(chain->WriteToTree(&tree, ""));
     EXPECT_EQ(tree.subtrees.Size(), 1U);
-}
-
-// --- The core set ---
-
-struct TAffineNumbers {
-    double matrix[4];
-    double shift[2];
-};
-
-/** The core numbers of one affine record under the given axes. */
-TAffineNumbers CoreAffine(TAffine const& params, bool swap, int xScale, int yScale) {
-    TChainPtr const chain(new TChain);
-    chain->AddNextTransform(params);
-    std::unique_ptr<TRefSystemTransformsSet> const core(chain->CreateCoreTransform(swap, xScale, yScale));
-    auto const& affine = dynamic_cast<TPlaneAffineRefSystemTransform&>(*core->GetFirstTransform());
-    TAffineNumbers numbers{};
-    affine.GetParameters(numbers.matrix, numbers.shift);
-    return numbers;
-}
-
-void ExpectAffine(TAffineNumbers const& actual, TAffineNumbers const& expected) {
-    for (int k = 0; k < 4; ++k) {
-        EXPECT_DOUBLE_EQ(actual.matrix[k], expected.matrix[k]) << k;
-    }
-    EXPECT_DOUBLE_EQ(actual.shift[0], expected.shift[0]);
-    EXPECT_DOUBLE_EQ(actual.shift[1], expected.shift[1]);
-}
-
-TEST(ShellTransformChain, PlainAxesLeaveTheNumbersAsTheyAre) {
-    TAffineNumbers const numbers = CoreAffine(MakeAffine(1.1, 0.2, 3.3, -0.4, 5.5, -6.6), false, 1, 1);
-    EXPECT_EQ(numbers.matrix[0], 1.1);
-    EXPECT_EQ(numbers.matrix[1], 0.2);
-    EXPECT_EQ(numbers.matrix[2], -0.4);
-    EXPECT_EQ(numbers.matrix[3], 5.5);
-    EXPECT_EQ(numbers.shift[0], 3.3);
-    EXPECT_EQ(numbers.shift[1], -6.6);
-}
-
-// C A B and C t worked out by hand for A = (1, 0.1; 0, 1) and t = (1, 2).
-TEST(ShellTransformChain, AxesTurnTheAffineRecord) {
-    TAffine const params = MakeAffine(1, 0.1, 1, 0, 1, 2);
-    ExpectAffine(CoreAffine(params, true, 1, 1), {{1, 0, 0.1, 1}, {2, 1}});
-    ExpectAffine(CoreAffine(params, false, -1, 1), {{1, -0.1, 0, 1}, {-1, 2}});
-    ExpectAffine(CoreAffine(params, true, -1, 1), {{1, 0, -0.1, 1}, {2, -1}});
-    ExpectAffine(CoreAffine(params, false, 1, -1), {{1, -0.1, 0, 1}, {1, -2}});
-}
-
-TEST(ShellTransformChain, SwappedIdentityStaysTheIdentityWithItsShiftTurned) {
-    ExpectAffine(CoreAffine(MakeAffine(1, 0, 1, 0, 1, 2), true, 1, 1), {{1, 0, 0, 1}, {2, 1}});
-}
-
-TEST(ShellTransformChain, NegativeFirstScaleTurnsTheMixedNumbersAndTheFirstShift) {
-    ExpectAffine(CoreAffine(MakeAffine(1, 2, 3, 4, 5, 6), false, -1, 1), {{1, -2, -4, 5}, {-3, 6}});
-}
-
-TEST(ShellTransformChain, AxesDoNotTouchGridsAndHeights) {
-    TChainPtr const chain(new TChain);
-    chain->AddNextTransform(MakeGrid());
-    chain->AddNextTransform(MakeShift(12.5));
-    std::unique_ptr<TRefSystemTransformsSet> const plain(chain->CreateCoreTransform(false, 1, 1));
-    std::unique_ptr<TRefSystemTransformsSet> const turned(chain->CreateCoreTransform(true, -1, 1));
-    EXPECT_TRUE(*plain == *turned);
-    TCoords point{0, 0, 3, false};
-    turned->BaseToTransformed(nullptr, &point);
-    EXPECT_NEAR(point.X, 0.5, 1e-6);
-    EXPECT_NEAR(point.Y, -1.0, 1e-6);
-    EXPECT_EQ(point.Z, 15.5);
-}
-
-TEST(ShellTransformChain, CoreSetHasTheOrderAndNoNames) {
-    TChainPtr const chain = MakeChain();
-    dynamic_cast<TGrid&>(*chain->GetTransform(1)).refsys.clear();
-    std::unique_ptr<TRefSystemTransformsSet> const core(chain->CreateCoreTransform(false, 1, 1));
-    ASSERT_EQ(core->TransformList.size(), 3U);
-    EXPECT_EQ(core->TransformID, "");
-    EXPECT_EQ(core->TransformList[0]->Type, rsttPlaneAffine);
-    EXPECT_EQ(core->TransformList[1]->Type, rsttPlaneGrid);
-    EXPECT_EQ(core->TransformList[2]->Type, rsttVerticalShift);
-    for (TRefSystemTransform const* const transform : core->TransformList) {
-        EXPECT_EQ(transform->Name + transform->Description, "");
-    }
-    EXPECT_EQ(dynamic_cast<TPlaneGridRefSystemTransform&>(*core->TransformList[1]).GridRefSystem, nullptr);
-    EXPECT_EQ(dynamic_cast<TPlaneGridRefSystemTransform&>(*core->TransformList[1]).GridCoef, 0.5);
-}
-
-TEST(ShellTransformChain, EmptyChainGivesAnEmptySet) {
-    TChain const chain;
-    std::unique_ptr<TRefSystemTransformsSet> const core(chain.CreateCoreTransform(false, 0, 0));
-    ASSERT_NE(core, nullptr);
-    EXPECT_TRUE(core->TransformList.empty());
-}
-
-TEST(ShellTransformChain, RecordsWithoutACoreFormThrow) {
-    for (TReferenceSystemTransformType const type :
-         {rsttPlaneShift, rsttPlaneAffine, rsttPlaneGrid, rsttVerticalShift}) {
-        TChainPtr const chain(new TChain);
-        chain->AddNextTransform(MakeShift(1));
-        chain->Chain.push_back(new TParams(type));
-        EXPECT_EQ(MessageOf([&] { delete chain->CreateCoreTransform(false, 1, 1); }), coreMessage) << type;
-        delete std::exchange(chain->Chain.back(), nullptr);
-        EXPECT_EQ(MessageOf([&] { delete chain->CreateCoreTransform(false, 1, 1); }), coreMessage);
-    }
-}
-
-TEST(ShellTransformChain, TablesThatDoNotLoadThrow) {
-    for (bool const isEast : {true, false}) {
-        TGrid grid = MakeGrid();
-        (isEast ? grid.dE : grid.dN) = "2 2 10 0 0 1 1 1";
-        TChainPtr const chain(new TChain);
-        chain->AddNextTransform(MakeShift(1));
-        chain->AddNextTransform(grid);
-        EXPECT_EQ(MessageOf([&] { delete chain->CreateCoreTransform(false, 1, 1); }), coreMessage);
-    }
-}
-
-TEST(ShellTransformChain, SystemOfAGridThatCannotBeReadThrows) {
-    TGrid grid = MakeGrid();
-    grid.refsys = "no description";
-    TChainPtr const chain(new TChain);
-    chain->AddNextTransform(MakeShift(1));
-    chain->AddNextTransform(grid);
-    EXPECT_ANY_THROW(delete chain->CreateCoreTransform(false, 1, 1));
-}
-
-TEST(ShellTransformChain, SingularRecordIsRefusedByTheCoreOnly) {
-    TChainPtr const chain(new TChain);
-    EXPECT_TRUE(chain->AddNextTransform(TAffine(false)));
-    EXPECT_EQ(MessageOf([&] { delete chain->CreateCoreTransform(false, 1, 1); }),
-              "TPlaneAffineRefSystemTransform(const double M[4], const double S[2])");
-    EXPECT_TRUE(chain->SwapTransforms(0, 0));
-    chain->ClearTransforms();
-    chain->AddNextTransform(TAffine(true));
-    EXPECT_EQ(MessageOf([&] { delete chain->CreateCoreTransform(false, 0, 1); }),
-              "TPlaneAffineRefSystemTransform(const double M[4], const double S[2])");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "shell/transforms/TransformChain.h"
 
 #include "core/transforms/PlaneAndVertical.h"
+#include "tests/shell/transforms/ChainFixtures.h"
 
 #include <gtest/gtest.h>
 
@@ -13,49 +14,7 @@
 
 namespace {
 
-using namespace KvRefSystem;
-using TParams = TShellRefSystemTransformParams;
-using TAffine = TShellRefSystemTransform2DAffineParams;
-using TGrid = TShellRefSystemTransform2DGridParams;
-using TShift = TShellRefSystemTransformShiftZParams;
-using TChain = TShellRefSystemTransform;
-
-struct TDestroy {
-    void operator()(TChain* chain) const { DestroyTransformChain(chain); }
-};
-using TChainPtr = std::unique_ptr<TChain, TDestroy>;
-
-template <class Action>
-std::string MessageOf(Action action) {
-    try {
-        action();
-    } catch (std::runtime_error const& error) {
-        return error.what();
-    }
-    return std::string();
-}
-
-TAffine MakeAffine(double a11, double a12, double a13, double a21, double a22, double a23) {
-    TAffine params(false);
-    double const row1[] = {a11, a12, a13};
-    double const row2[] = {a21, a22, a23};
-    params.Set(row1, row2);
-    return params;
-}
-
-TShift MakeShift(double dH) {
-    TShift params;
-    params.dH = dH;
-    return params;
-}
-
-TStringTree* PutShift(TStringTree* tree, int idx, double dH) {
-    tree->InsertSubtree("", 7100, idx);
-    TStringTree* const record = tree->FindSubtree(7100, idx);
-    record->InsertInteger("", 7101, 0, 6);
-    record->InsertDouble("", 7107, 0, dH);
-    return record;
-}
+using namespace ChainFixtures;
 
 double HeightOf(TChain const& chain, int index) {
     return dynamic_cast<TShift const&>(*chain.GetTransform(index)).dH;
