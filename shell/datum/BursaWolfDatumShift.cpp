@@ -12,8 +12,7 @@
 #include <utility>
 
 // The two forms are siblings with the same members. What they do stands here once, as templates over the
-// class;
-// what tells them apart stands in their rows.
+// class; what tells them apart stands in their rows.
 
 namespace KvRefSystem {
 
