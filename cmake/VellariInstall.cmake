@@ -9,7 +9,7 @@ if(TARGET vellari)
 endif()
 
 # What the umbrella headers don't reach is the rooms' own: hosts neither need it nor may rely on it.
-string(CONCAT internal_headers "/([A-Za-z]*Detail|EarthTarget|DescriptionTags|Exports"
+string(CONCAT internal_headers "/([A-Za-z]*Detail|EarthTarget|IsometricLatitude|DescriptionTags|Exports"
     "|FileText|EmbeddedResources|Utf8|XmlDocument|XmlText)\\.h$")
 install(DIRECTORY ${VELLARI_HEADER_ROOMS} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Vellari"
     FILES_MATCHING PATTERN "*.h" REGEX "${internal_headers}" EXCLUDE PATTERN resources EXCLUDE)

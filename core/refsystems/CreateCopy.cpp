@@ -1,5 +1,6 @@
 #include "core/refsystems/GeocentricReferenceSystem.h"
 #include "core/refsystems/GeodeticReferenceSystem.h"
+#include "core/refsystems/MapProjectedReferenceSystem.h"
 #include "core/refsystems/ReferenceSystem.h"
 
 namespace KvRefSystem {
@@ -22,6 +23,8 @@ TReferenceSystem* CreateCopy(TReferenceSystem const& source) {
             return CopyAs<TGeocentricReferenceSystem>(source);
         case rstGeodetic:
             return CopyAs<TGeodeticReferenceSystem>(source);
+        case rstMapProjected:
+            return CopyAs<TMapProjectedReferenceSystem>(source);
         default:
             return nullptr;
         }

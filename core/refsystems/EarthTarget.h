@@ -1,7 +1,9 @@
 #pragma once
 
+#include "core/projections/MapProjection.h"
 #include "core/refsystems/GeocentricReferenceSystem.h"
 #include "core/refsystems/GeodeticReferenceSystem.h"
+#include "core/refsystems/MapProjectedReferenceSystem.h"
 
 #include <stdexcept>
 
@@ -25,6 +27,13 @@ public:
             Geodetic = dst.RelatedGeodeticRefSystem();
             Require(Geocentric != nullptr && Geodetic != nullptr);
             break;
+        case rstMapProjected: {
+            TMapProjectedReferenceSystem const* const projected = dst.RelatedMapProjectedRefSystem();
+            Require(Geocentric != nullptr && projected != nullptr);
+            Geodetic = projected->GeodeticSystem;
+            Projection = projected->Projection;
+            break;
+        }
         default:
             Require(false);
         }
@@ -36,10 +45,14 @@ public:
         if (Geodetic != nullptr) {
             Geodetic->Ellipsoid->CartesianToEllipsoidal(coords);
         }
+        if (Projection != nullptr) {
+            Projection->GeodeticToProjected(coords);
+        }
     }
 
     TGeocentricReferenceSystem const* Geocentric;       ///< borrowed from the target
     TGeodeticReferenceSystem const* Geodetic = nullptr; ///< borrowed; null when the target ends geocentric
+    TMapProjection const* Projection = nullptr;         ///< borrowed; null when the target isn't projected
 
 private:
     static void Require(bool reachable) {

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "core/projections/ConformalLatitude.h"
+#include "core/projections/MapProjection.h"
+
+namespace KvRefSystem {
+
+/** Where the initial line of a skew cylinder lies; radians. */
+struct TSkewCylinderPlace {
+    double LatitudeOfCentre;         ///< phic
+    double LongitudeOfCentre;        ///< lambdac
+    double AzimuthOfInitialLine;     ///< alphac
+    double AngleRectifiedToSkewGrid; ///< gammac
+    double ScaleFactorOnInitialLine; ///< kc, a ratio
+};
+
+/** Coordinates along the initial line and across it, metres. */
+struct TSkewCoordinates {
+    double Along;  ///< u
+    double Across; ///< v
+};
+
+/**
+ * What the two skew cylinders share [EPSG7-2, 9812, 9815], [Snyder87, 70-75]: constants of the method's order
+ * and the way between longitude, latitude and u, v; u is counted from the natural origin, where the initial
+ * line crosses the equator of the aposphere.
+ */
+class TSkewCylinder {
+public:
+    /** All 0. */
+    TSkewCylinder() = default;
+
+    TSkewCylinder(TEllipsoidSemiAxes const& axes, TSkewCylinderPlace const& place);
+
+    /** @param longitude, latitude radians. The arc tangent of u doesn't tell the quadrants (kept). */
+    TSkewCoordinates Forward(double longitude, double latitude) const;
+
+    /** @param coords gets longitude and latitude (radians), normalised. */
+    void Reverse(TSkewCoordinates const& skew, TCoords* coords) const;
+
+    /** u and v to easting and northing, the false ones added (metres). */
+    void Rectify(TSkewCoordinates const& skew, double falseEasting, double falseNorthing,
+                 TCoords* coords) const;
+
+    /** Easting and northing without the false ones to u and v (metres). */
+    TSkewCoordinates Unrectify(double easting, double northing) const;
+
+    double Eccentricity = 0;                      ///< e
+    double HalfEccentricity = 0;                  ///< e/2
+    TConformalLatitudeSeries LatitudeSeries{0.0}; ///< c2, c4, c6, c8
+    double CentreSine = 0;                        ///< s
+    double AposphereConstant = 0;                 ///< B
+    double AposphereRadius = 0;                   ///< q = A/B, metres
+    double CentreT = 0;                           ///< t0
+    double CentreD = 0;                           ///< D
+    double CentreRoot = 0;                        ///< sqrt(D2 - 1), 0 for a D below 1
+    double CentreSign = 0;                        ///< sigma: 1, -1 or 0
+    double CentreF = 0;                           ///< F
+    double ScaleH = 0;                            ///< H
+    double InitialAngle = 0;                      ///< gamma0, radians
+    double CentreG = 0;                           ///< G
+    double NaturalLongitude = 0;                  ///< lambda0, radians
+    double InitialSine = 0;                       ///< sin gamma0
+    double InitialCosine = 0;                     ///< cos gamma0
+    double RectifyingSine = 0;                    ///< sin gammac
+    double RectifyingCosine = 0;                  ///< cos gammac
+};
+
+} // namespace KvRefSystem
