@@ -76,10 +76,11 @@ TCassiniSoldnerMapProjection::~TCassiniSoldnerMapProjection() {
 }
 
 bool TCassiniSoldnerMapProjection::operator==(TMapProjection const& other) const {
-    if (Type != other.Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
-    auto const& theirs = *static_cast<TCassiniSoldnerMapProjection const&>(other).Parameters;
+    auto const& theirs = *same->Parameters;
     return Parameters->LatitudeOfOrigin == theirs.LatitudeOfOrigin &&
            Parameters->LongitudeOfOrigin == theirs.LongitudeOfOrigin &&
            Parameters->FalseEasting == theirs.FalseEasting &&

@@ -109,12 +109,12 @@ void TGaussBoagaMapProjection::ProjectedToGeodetic(TCoords* coords) const {
 }
 
 bool TGaussBoagaMapProjection::operator==(TMapProjection const& other) const {
-    if (other.Type != Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
     TGaussBoagaMapProjectionParameters const& one = *Parameters;
-    TGaussBoagaMapProjectionParameters const& two =
-        *static_cast<TGaussBoagaMapProjection const&>(other).Parameters;
+    TGaussBoagaMapProjectionParameters const& two = *same->Parameters;
     return one.CentralMeridian == two.CentralMeridian && one.ScaleFactor == two.ScaleFactor &&
            one.FalseEasting == two.FalseEasting && one.FalseNorthing == two.FalseNorthing;
 }

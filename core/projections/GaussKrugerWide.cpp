@@ -201,12 +201,12 @@ void TGaussKrugerWideMapProjection::ProjectedToGeodetic(TCoords* coords) const {
 }
 
 bool TGaussKrugerWideMapProjection::operator==(TMapProjection const& other) const {
-    if (other.Type != Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
     TGaussKrugerWideMapProjectionParameters const& one = *Parameters;
-    TGaussKrugerWideMapProjectionParameters const& two =
-        *static_cast<TGaussKrugerWideMapProjection const&>(other).Parameters;
+    TGaussKrugerWideMapProjectionParameters const& two = *same->Parameters;
     return one.CentralMeridian == two.CentralMeridian && one.FalseEasting == two.FalseEasting &&
            one.FalseNorthing == two.FalseNorthing && one.ScaleFactor == two.ScaleFactor;
 }

@@ -73,10 +73,11 @@ THattMapProjection::~THattMapProjection() {
 }
 
 bool THattMapProjection::operator==(TMapProjection const& other) const {
-    if (Type != other.Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
-    auto const& theirs = *static_cast<THattMapProjection const&>(other).Parameters;
+    auto const& theirs = *same->Parameters;
     return Parameters->LatitudeOfOrigin == theirs.LatitudeOfOrigin &&
            Parameters->LongitudeOfOrigin == theirs.LongitudeOfOrigin;
 }

@@ -87,10 +87,11 @@ TKrovakMapProjection::~TKrovakMapProjection() {
 }
 
 bool TKrovakMapProjection::operator==(TMapProjection const& other) const {
-    if (Type != other.Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
-    auto const& theirs = *static_cast<TKrovakMapProjection const&>(other).Parameters;
+    auto const& theirs = *same->Parameters;
     return Parameters->LatitudeOfCentre == theirs.LatitudeOfCentre &&
            Parameters->LongitudeOfOrigin == theirs.LongitudeOfOrigin &&
            Parameters->AzimuthOfInitialLine == theirs.AzimuthOfInitialLine &&

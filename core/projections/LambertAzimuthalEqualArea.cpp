@@ -61,10 +61,11 @@ TLambertAzimuthalEqualAreaMapProjection::~TLambertAzimuthalEqualAreaMapProjectio
 }
 
 bool TLambertAzimuthalEqualAreaMapProjection::operator==(TMapProjection const& other) const {
-    if (Type != other.Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
-    auto const& theirs = *static_cast<TLambertAzimuthalEqualAreaMapProjection const&>(other).Parameters;
+    auto const& theirs = *same->Parameters;
     return Parameters->LatitudeOfOrigin == theirs.LatitudeOfOrigin &&
            Parameters->LongitudeOfOrigin == theirs.LongitudeOfOrigin &&
            Parameters->FalseEasting == theirs.FalseEasting &&

@@ -74,10 +74,11 @@ TOrthographicMapProjection::~TOrthographicMapProjection() {
 }
 
 bool TOrthographicMapProjection::operator==(TMapProjection const& other) const {
-    if (Type != other.Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
-    auto const& theirs = *static_cast<TOrthographicMapProjection const&>(other).Parameters;
+    auto const& theirs = *same->Parameters;
     return Parameters->LatitudeOfOrigin == theirs.LatitudeOfOrigin &&
            Parameters->LongitudeOfOrigin == theirs.LongitudeOfOrigin &&
            Parameters->FalseEasting == theirs.FalseEasting &&

@@ -125,10 +125,11 @@ TPolarStereographicMapProjection::~TPolarStereographicMapProjection() {
 }
 
 bool TPolarStereographicMapProjection::operator==(TMapProjection const& other) const {
-    if (Type != other.Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
-    auto const& theirs = *static_cast<TPolarStereographicMapProjection const&>(other).Parameters;
+    auto const& theirs = *same->Parameters;
     return Parameters->LongitudeOfOrigin == theirs.LongitudeOfOrigin &&
            Parameters->LatitudeOfOrigin == theirs.LatitudeOfOrigin &&
            Parameters->ScaleFactor == theirs.ScaleFactor && Parameters->FalseEasting == theirs.FalseEasting &&
@@ -185,10 +186,11 @@ TPolarStereographicBasicMapProjection::~TPolarStereographicBasicMapProjection() 
 }
 
 bool TPolarStereographicBasicMapProjection::operator==(TMapProjection const& other) const {
-    if (Type != other.Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
-    auto const& theirs = *static_cast<TPolarStereographicBasicMapProjection const&>(other).Parameters;
+    auto const& theirs = *same->Parameters;
     return Parameters->Pole == theirs.Pole && Parameters->LongitudeOfOrigin == theirs.LongitudeOfOrigin &&
            Parameters->ScaleFactor == theirs.ScaleFactor && Parameters->FalseEasting == theirs.FalseEasting &&
            Parameters->FalseNorthing == theirs.FalseNorthing;
@@ -249,11 +251,11 @@ TPolarStereographicNaturalOriginMapProjection::~TPolarStereographicNaturalOrigin
 }
 
 bool TPolarStereographicNaturalOriginMapProjection::operator==(TMapProjection const& other) const {
-    if (Type != other.Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
-    return *Parameters ==
-           *static_cast<TPolarStereographicNaturalOriginMapProjection const&>(other).Parameters;
+    return *Parameters == *same->Parameters;
 }
 
 void TPolarStereographicNaturalOriginMapProjection::ProjectedToGeodetic(TCoords* coords) const {
@@ -310,10 +312,11 @@ TPolarStereographicFalseOriginMapProjection::~TPolarStereographicFalseOriginMapP
 }
 
 bool TPolarStereographicFalseOriginMapProjection::operator==(TMapProjection const& other) const {
-    if (Type != other.Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
-    return *Parameters == *static_cast<TPolarStereographicFalseOriginMapProjection const&>(other).Parameters;
+    return *Parameters == *same->Parameters;
 }
 
 void TPolarStereographicFalseOriginMapProjection::ProjectedToGeodetic(TCoords* coords) const {

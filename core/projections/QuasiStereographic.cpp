@@ -97,10 +97,11 @@ TQuasiStereographicMapProjection::~TQuasiStereographicMapProjection() {
 }
 
 bool TQuasiStereographicMapProjection::operator==(TMapProjection const& other) const {
-    if (Type != other.Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
-    auto const& theirs = *static_cast<TQuasiStereographicMapProjection const&>(other).Parameters;
+    auto const& theirs = *same->Parameters;
     return Parameters->LongitudeOfOrigin == theirs.LongitudeOfOrigin &&
            Parameters->LatitudeOfOrigin == theirs.LatitudeOfOrigin &&
            Parameters->ScaleFactor == theirs.ScaleFactor && Parameters->FalseEasting == theirs.FalseEasting &&

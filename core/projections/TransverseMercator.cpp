@@ -156,12 +156,12 @@ void TTransverseMercatorMapProjection::ProjectedToGeodetic(TCoords* coords) cons
 }
 
 bool TTransverseMercatorMapProjection::operator==(TMapProjection const& other) const {
-    if (other.Type != Type) {
+    auto const* const same = AsSameClass(*this, other);
+    if (!same) {
         return false;
     }
     TTransverseMercatorMapProjectionParameters const& one = *Parameters;
-    TTransverseMercatorMapProjectionParameters const& two =
-        *static_cast<TTransverseMercatorMapProjection const&>(other).Parameters;
+    TTransverseMercatorMapProjectionParameters const& two = *same->Parameters;
     return one.CentralMeridian == two.CentralMeridian && one.LatitudeOfOrigin == two.LatitudeOfOrigin &&
            one.ScaleFactor == two.ScaleFactor && one.FalseEasting == two.FalseEasting &&
            one.FalseNorthing == two.FalseNorthing;

@@ -1,5 +1,6 @@
 #include "core/projections/MapProjection.h"
 
+#include "core/projections/Hatt.h"
 #include "core/projections/LambertConicConformal.h"
 #include "core/projections/TransverseMercator.h"
 
@@ -63,6 +64,21 @@ TEST(MapProjection, TypesWithoutAClassAreNotCopied) {
 TEST(MapProjection, AClassThatClaimsAnothersTypeIsNotCopied) {
     for (int type = 1; type <= 1313; ++type) {
         EXPECT_EQ(CreateCopy(TClaimingProjection(type)), nullptr) << type;
+    }
+}
+
+TEST(MapProjection, AClassThatClaimsAnothersTypeIsNotEqualToIt) {
+    TLambertConicConformal2SPMapProjectionParameters const conic(0.7, 0.8, 1.57, 0.08, 150000, 5400000);
+    TTransverseMercatorMapProjectionParameters const cylinder(0.08, 0, 1, 0, 0);
+    THattMapProjectionParameters const azimuthal(0.7, 0.4);
+    TLambertConicConformal2SPMapProjection const first(&Wgs84, &conic);
+    TTransverseMercatorMapProjection const second(&Wgs84, &cylinder);
+    THattMapProjection const third(&Wgs84, &azimuthal);
+
+    for (TMapProjection const* const projection :
+         {static_cast<TMapProjection const*>(&first), static_cast<TMapProjection const*>(&second),
+          static_cast<TMapProjection const*>(&third)}) {
+        EXPECT_FALSE(*projection == TClaimingProjection(projection->Type)) << projection->Type;
     }
 }
 
