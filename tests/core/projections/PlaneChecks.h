@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/projections/MapProjection.h"
-#include "tests/core/refsystems/AllocationCount.h"
+#include "tests/support/AllocationCount.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #include "core/refsystems/GeocentricReferenceSystem.h"
 
-#include "AllocationCount.h"
 #include "TestKinds.h"
 #include "core/transforms/PlaneAndVertical.h"
 #include "core/transforms/SevenParameters.h"
+#include "tests/support/AllocationCount.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "core/refsystems/ReferenceSystem.h"
 
-#include "AllocationCount.h"
 #include "TestKinds.h"
 #include "core/transforms/PlaneAndVertical.h"
+#include "tests/support/AllocationCount.h"
 
 #include <gtest/gtest.h>
 
