@@ -1,4 +1,4 @@
-#include "bench/ProjHandles.h"
+#include "bench/Runs.h"
 #include "bench/Tasks.h"
 
 #include <Vellari/Vellari.h>
@@ -25,6 +25,15 @@ std::string CatalogText(std::string const& name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> BuildSystem(std::string const& text) {
+    std::unique_ptr<KvRefSystem::TShellReferenceSystem> system(
+        KvRefSystem::CreateShellReferenceSystem(text, nullptr));
+    if (!system) {
+        throw std::runtime_error("a description doesn't build");
+    }
+    return system;
+}
+
 namespace {
 
 using namespace KvRefSystem;
@@ -40,7 +49,7 @@ void RunOurs(benchmark::State& state, std::string const& text) {
     }
 }
 
-void RunProj(benchmark::State& state, std::string const& text) {
+void CreateByProj(benchmark::State& state, std::string const& text) {
     TProjContext const context(proj_context_create());
     for (auto _ : state) {
         TProjObject system(proj_create(context.get(), text.c_str()));
@@ -52,10 +61,14 @@ void RunProj(benchmark::State& state, std::string const& text) {
     }
 }
 
+/** PROJ's text of the projected system. */
+char const* const utmAsProjText =
+    "+proj=utm +zone=37 +ellps=krass +towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +no_defs +type=crs";
+
 /** PROJ's own WKT of the same system. */
-std::string PulkovoAsWkt() {
+std::string AsWkt(char const* definition) {
     TProjContext const context(proj_context_create());
-    TProjObject const system = Require(proj_create(context.get(), PulkovoAsProjText), PulkovoAsProjText);
+    TProjObject const system = Require(proj_create(context.get(), definition), definition);
     char const* const text = proj_as_wkt(context.get(), system.get(), PJ_WKT2_2019, nullptr);
     if (text == nullptr) {
         throw std::runtime_error("PROJ writes no WKT");
@@ -66,14 +79,25 @@ std::string PulkovoAsWkt() {
 } // namespace
 
 void RegisterCreation() {
-    std::string const task = "Pulkovo 1942 from its text and away again, ns a system/";
-    benchmark::RegisterBenchmark(
-        (task + "Vellari").c_str(),
-        [text = CatalogText("pulkovo-1942")](benchmark::State& state) { RunOurs(state, text); });
-    benchmark::RegisterBenchmark((task + "PROJ, WKT").c_str(),
-                                 [text = PulkovoAsWkt()](benchmark::State& state) { RunProj(state, text); });
-    benchmark::RegisterBenchmark((task + "PROJ, its own text").c_str(),
-                                 [](benchmark::State& state) { RunProj(state, PulkovoAsProjText); });
+    struct TCreation {
+        std::string Task;
+        std::string Ours;
+        char const* Theirs;
+    };
+    TCreation const systems[] = {
+        {"Pulkovo 1942 from its text and away again, ns a system", CatalogText("pulkovo-1942"),
+         PulkovoAsProjText},
+        {"UTM 37N on Pulkovo 1942 from its text and away again, ns a system", UtmOnPulkovoText(),
+         utmAsProjText},
+    };
+    for (TCreation const& system : systems) {
+        Register(system.Task, "Vellari",
+                 [text = system.Ours](benchmark::State& state) { RunOurs(state, text); });
+        Register(system.Task, "PROJ, WKT",
+                 [text = AsWkt(system.Theirs)](benchmark::State& state) { CreateByProj(state, text); });
+        Register(system.Task, "PROJ, its own text",
+                 [text = std::string(system.Theirs)](benchmark::State& state) { CreateByProj(state, text); });
+    }
 }
 
 } // namespace VellariBench

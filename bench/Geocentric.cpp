@@ -1,7 +1,7 @@
 #include "bench/Tasks.h"
 
 #include "bench/Points.h"
-#include "bench/ProjHandles.h"
+#include "bench/Runs.h"
 
 #include <Vellari/Vellari.h>
 
@@ -53,73 +53,44 @@ struct TStage {
 /** Ours, from core system to core system. */
 void RunOurs(benchmark::State& state, TReferenceSystem const& source, TReferenceSystem const& target,
              std::vector<TCoords> const& points) {
-    for (auto _ : state) {
-        for (TCoords const& point : points) {
-            TCoords coords = point;
-            source.OperateCoords(target, &coords);
-            benchmark::DoNotOptimize(coords);
-        }
-    }
-    state.counters["items"] = static_cast<double>(points.size());
-}
-
-/** PROJ's, in radians. */
-void RunProj(benchmark::State& state, PJ* operation, PJ_DIRECTION direction,
-             std::vector<TCoords> const& points) {
-    for (auto _ : state) {
-        for (TCoords const& point : points) {
-            PJ_COORD coords = proj_trans(operation, direction, proj_coord(point.X, point.Y, point.Z, 0));
-            benchmark::DoNotOptimize(coords);
-        }
-    }
-    state.counters["items"] = static_cast<double>(points.size());
-}
-
-/** GeographicLib's, in degrees, as its interface has them. */
-void RunQuarticForward(benchmark::State& state, TStage const& stage) {
-    for (auto _ : state) {
-        for (TTriple const& point : stage.Degrees) {
-            TTriple out{};
-            stage.Quartic.Forward(point[0], point[1], point[2], out[0], out[1], out[2]);
-            benchmark::DoNotOptimize(out);
-        }
-    }
-    state.counters["items"] = static_cast<double>(stage.Degrees.size());
-}
-
-void RunQuarticReverse(benchmark::State& state, TStage const& stage) {
-    for (auto _ : state) {
-        for (TCoords const& point : stage.Cartesian) {
-            TTriple out{};
-            stage.Quartic.Reverse(point.X, point.Y, point.Z, out[0], out[1], out[2]);
-            benchmark::DoNotOptimize(out);
-        }
-    }
-    state.counters["items"] = static_cast<double>(stage.Cartesian.size());
+    RunPoints(state, points, [&](TCoords coords) {
+        source.OperateCoords(target, &coords);
+        return coords;
+    });
 }
 
 } // namespace
 
 void RegisterGeocentric() {
     auto const stage = std::make_shared<TStage const>();
-    std::string const forward = "geodetic to geocentric, ns a point/";
-    benchmark::RegisterBenchmark((forward + "Vellari").c_str(), [stage](benchmark::State& state) {
+    std::string const forward = "geodetic to geocentric, ns a point";
+    Register(forward, "Vellari", [stage](benchmark::State& state) {
         RunOurs(state, stage->Geodetic, stage->Geocentric, stage->Radians);
     });
-    benchmark::RegisterBenchmark((forward + "PROJ").c_str(), [stage](benchmark::State& state) {
-        RunProj(state, stage->Cart.get(), PJ_FWD, stage->Radians);
+    Register(forward, "PROJ", [stage](benchmark::State& state) {
+        RunProj(state, stage->Cart.get(), PJ_FWD, InProjsForm(stage->Radians));
     });
-    benchmark::RegisterBenchmark((forward + "GeographicLib").c_str(),
-                                 [stage](benchmark::State& state) { RunQuarticForward(state, *stage); });
-    std::string const back = "geocentric to geodetic, ns a point/";
-    benchmark::RegisterBenchmark((back + "Vellari").c_str(), [stage](benchmark::State& state) {
+    Register(forward, "GeographicLib", [stage](benchmark::State& state) {
+        RunPoints(state, stage->Degrees, [&](TTriple const& point) {
+            TTriple out{};
+            stage->Quartic.Forward(point[0], point[1], point[2], out[0], out[1], out[2]);
+            return out;
+        });
+    });
+    std::string const back = "geocentric to geodetic, ns a point";
+    Register(back, "Vellari", [stage](benchmark::State& state) {
         RunOurs(state, stage->Geocentric, stage->Geodetic, stage->Cartesian);
     });
-    benchmark::RegisterBenchmark((back + "PROJ").c_str(), [stage](benchmark::State& state) {
-        RunProj(state, stage->Cart.get(), PJ_INV, stage->Cartesian);
+    Register(back, "PROJ", [stage](benchmark::State& state) {
+        RunProj(state, stage->Cart.get(), PJ_INV, InProjsForm(stage->Cartesian));
     });
-    benchmark::RegisterBenchmark((back + "GeographicLib").c_str(),
-                                 [stage](benchmark::State& state) { RunQuarticReverse(state, *stage); });
+    Register(back, "GeographicLib", [stage](benchmark::State& state) {
+        RunPoints(state, stage->Cartesian, [&](TCoords const& point) {
+            TTriple out{};
+            stage->Quartic.Reverse(point.X, point.Y, point.Z, out[0], out[1], out[2]);
+            return out;
+        });
+    });
 }
 
 } // namespace VellariBench

@@ -1,5 +1,6 @@
 #include "bench/Points.h"
 #include "bench/ProjHandles.h"
+#include "bench/Runs.h"
 #include "bench/Tasks.h"
 
 #include <Vellari/Vellari.h>
@@ -28,14 +29,6 @@ char const* const pulkovoPipeline =
     "+convention=coordinate_frame +step +inv +proj=cart +ellps=WGS84 "
     "+step +proj=unitconvert +xy_in=rad +xy_out=deg";
 
-std::unique_ptr<TShellReferenceSystem> BuildEntry(std::string const& name) {
-    std::unique_ptr<TShellReferenceSystem> system(CreateShellReferenceSystem(CatalogText(name), nullptr));
-    if (!system) {
-        throw std::runtime_error("the catalogue's " + name + " doesn't build");
-    }
-    return system;
-}
-
 /** What a host gets from PROJ when it names two systems: the operation between them, heights included. */
 TProjObject OperationBetween(PJ_CONTEXT* context, char const* source, char const* target) {
     TProjObject const first = Require(proj_create(context, source), source);
@@ -55,8 +48,8 @@ double Distance(TTriple const& first, TTriple const& second) {
 
 struct TStage {
     TStage()
-        : Pulkovo(BuildEntry("pulkovo-1942")),
-          Wgs84(BuildEntry("wgs-84")),
+        : Pulkovo(BuildSystem(CatalogText("pulkovo-1942"))),
+          Wgs84(BuildSystem(CatalogText("wgs-84"))),
           Context(proj_context_create()),
           Explicit(Pipeline(Context.get(), pulkovoPipeline)),
           Chosen(OperationBetween(Context.get(), PulkovoAsProjText,
@@ -90,50 +83,34 @@ struct TStage {
     std::vector<TTriple> Points; ///< latitude, longitude, height
 };
 
-void RunOurs(benchmark::State& state, TShellReferenceSystem const* source,
-             TShellReferenceSystem const* target, std::vector<TTriple> const& points) {
-    for (auto _ : state) {
-        for (TTriple const& point : points) {
-            TTriple out{};
-            bool done =
-                TransformCoords(source, point[0], point[1], point[2], target, &out[0], &out[1], &out[2]);
-            benchmark::DoNotOptimize(done);
-            benchmark::DoNotOptimize(out);
-        }
+/** Longitude, latitude, height: PROJ's order. */
+std::vector<PJ_COORD> InProjsOrder(std::vector<TTriple> const& points) {
+    std::vector<PJ_COORD> turned;
+    turned.reserve(points.size());
+    for (TTriple const& point : points) {
+        turned.push_back(proj_coord(point[1], point[0], point[2], 0));
     }
-    state.counters["items"] = static_cast<double>(points.size());
-}
-
-void RunProj(benchmark::State& state, PJ* operation, PJ_DIRECTION direction,
-             std::vector<TTriple> const& points) {
-    for (auto _ : state) {
-        for (TTriple const& point : points) {
-            PJ_COORD out = proj_trans(operation, direction, proj_coord(point[1], point[0], point[2], 0));
-            benchmark::DoNotOptimize(out);
-        }
-    }
-    state.counters["items"] = static_cast<double>(points.size());
+    return turned;
 }
 
 } // namespace
 
 void RegisterSevenParameters() {
     auto const stage = std::make_shared<TStage const>();
+    auto const turned = std::make_shared<std::vector<PJ_COORD> const>(InProjsOrder(stage->Points));
     for (bool const there : {true, false}) {
-        TShellReferenceSystem const* const source = there ? stage->Pulkovo.get() : stage->Wgs84.get();
-        TShellReferenceSystem const* const target = there ? stage->Wgs84.get() : stage->Pulkovo.get();
+        TShellReferenceSystem const& source = there ? *stage->Pulkovo : *stage->Wgs84;
+        TShellReferenceSystem const& target = there ? *stage->Wgs84 : *stage->Pulkovo;
         PJ_DIRECTION const direction = there ? PJ_FWD : PJ_INV;
-        std::string const task = there ? "Pulkovo 1942 to WGS 84, seven parameters, ns a point/"
-                                       : "WGS 84 to Pulkovo 1942, seven parameters, ns a point/";
-        benchmark::RegisterBenchmark((task + "Vellari").c_str(), [=](benchmark::State& state) {
-            RunOurs(state, source, target, stage->Points);
+        std::string const task = there ? "Pulkovo 1942 to WGS 84, seven parameters, ns a point"
+                                       : "WGS 84 to Pulkovo 1942, seven parameters, ns a point";
+        Register(task, "Vellari", [stage, &source, &target](benchmark::State& state) {
+            RunRoad(state, source, target, stage->Points);
         });
-        benchmark::RegisterBenchmark((task + "PROJ, pipeline").c_str(), [=](benchmark::State& state) {
-            RunProj(state, stage->Explicit.get(), direction, stage->Points);
-        });
-        benchmark::RegisterBenchmark(
-            (task + "PROJ, between two systems").c_str(),
-            [=](benchmark::State& state) { RunProj(state, stage->Chosen.get(), direction, stage->Points); });
+        Register(task, "PROJ, pipeline",
+                 [=](benchmark::State& state) { RunProj(state, stage->Explicit.get(), direction, *turned); });
+        Register(task, "PROJ, between two systems",
+                 [=](benchmark::State& state) { RunProj(state, stage->Chosen.get(), direction, *turned); });
     }
 }
 

@@ -36,6 +36,8 @@ int main(int argc, char** argv) {
         }
         VellariBench::RegisterGeocentric();
         VellariBench::RegisterSevenParameters();
+        VellariBench::RegisterProjections();
+        VellariBench::RegisterProjectedRoad();
         VellariBench::RegisterCreation();
         VellariBench::TTableReporter table;
         benchmark::RunSpecifiedBenchmarks(&table);

@@ -10,6 +10,10 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")
 
 # Contraction would change the last bit of a product between processors; results must not depend on the build.
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -ffp-contract=off)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # As clang does it: a host that replaces one of our names replaces it for itself, so that we may inline it here.
+    add_compile_options(-fno-semantic-interposition)
+endif()
 if(VELLARI_WERROR)
     add_compile_options(-Werror)
 endif()

@@ -5,6 +5,12 @@
 
 namespace KvRefSystem {
 
+bool ReadMifSettings(TStringTree const* saved, std::string* projection, std::string* unit) {
+    TStringTree const* const settings = saved ? saved->FindSubtree(DescriptionTag::MifSettings, 0) : nullptr;
+    return settings && settings->GetString(DescriptionTag::MifProjection, 0, projection) &&
+           settings->GetString(DescriptionTag::MifUnit, 0, unit);
+}
+
 bool TShellReferenceSystem::ExportToMIFMID(std::string* text, bool) const {
     TStringTree const* const settings =
         SavedTree ? SavedTree->FindSubtree(DescriptionTag::MifSettings, 0) : nullptr;

@@ -1,7 +1,9 @@
 #pragma once
 
-#include <new>
-#include <stdexcept>
+#include "frame/imported/StringTree.h"
+#include "shell/projections/ProjectionTagsDetail.h"
+#include "shell/projections/ReportFailureDetail.h"
+
 #include <string>
 
 /** What the exports of the kinds share. */
@@ -14,33 +16,25 @@ inline constexpr int Citation = 1026;
 inline constexpr int GeographicType = 2048;
 inline constexpr int GeographicCitation = 2049;
 inline constexpr int GeodeticDatum = 2050;
+inline constexpr int LinearUnitSize = 2053; ///< Kept: also that of the vertical unit
 inline constexpr int AngularUnits = 2054;
 inline constexpr int AngularUnitSize = 2055;
-inline constexpr int LinearUnitSize = 2053; ///< also of the vertical unit (kept)
+inline constexpr int ToWgs84 = 2062;
+inline constexpr int ProjectedType = 3072;
+inline constexpr int ProjectedCitation = 3073;
 inline constexpr int VerticalUnits = 4099;
 } // namespace GeoKey
-
-/** Mark of a user-defined value in a geokey. */
-inline constexpr char const* UserDefinedGeoKey = "32767";
-
-/** Runs an export: a failure inside is a false, but memory that runs out passes. */
-template <class Export>
-bool ReportFailure(Export run) {
-    try {
-        return run();
-    } catch (std::bad_alloc const&) {
-        throw;
-    } catch (std::length_error const&) {
-        throw;
-    } catch (...) {
-        return false;
-    }
-}
 
 /** @return the WKT AUTHORITY of an EPSG code with its leading comma; an empty text without a code. */
 inline std::string WktAuthority(std::string const& code) {
     return code.empty() ? std::string() : ",AUTHORITY[\"EPSG\",\"" + code + "\"]";
 }
+
+/**
+ * Reads the MapInfo settings of a description.
+ * @param saved may be null. @return false without the settings or one of the two.
+ */
+bool ReadMifSettings(TStringTree const* saved, std::string* projection, std::string* unit);
 
 /** @return the MapInfo clause of a system without a place on the earth. */
 inline std::string NonearthClause(std::string const& unit) {

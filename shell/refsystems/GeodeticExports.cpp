@@ -105,14 +105,10 @@ bool TShellGeodeticReferenceSystem::ExportToWKT(std::string* text, bool Compound
 
 bool TShellGeodeticReferenceSystem::ExportToMIFMID(std::string* text, bool CustomDatum) const {
     return ReportFailure([&] {
-        TStringTree const* const settings =
-            SavedTree ? SavedTree->FindSubtree(DescriptionTag::MifSettings, 0) : nullptr;
         std::string projection;
         std::string unit;
         std::string datum;
-        if (settings && settings->GetString(DescriptionTag::MifProjection, 0, &projection) &&
-            settings->GetString(DescriptionTag::MifUnit, 0, &unit) &&
-            ExportDatumToMIFMID(&datum, CustomDatum)) {
+        if (ReadMifSettings(SavedTree, &projection, &unit) && ExportDatumToMIFMID(&datum, CustomDatum)) {
             *text = "CoordSys Earth Projection " + projection + ", " + datum;
             return true;
         }

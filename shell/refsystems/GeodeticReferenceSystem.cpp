@@ -4,6 +4,7 @@
 #include "core/refsystems/GeodeticReferenceSystem.h"
 #include "frame/XmlSectionsDetail.h"
 #include "shell/refsystems/DescriptionTags.h"
+#include "shell/refsystems/KindsDetail.h"
 
 #include <cmath>
 #include <memory>
@@ -34,10 +35,6 @@ TShellLinearUnit const& HeightUnitOf(TShellGeodeticReferenceSystem const& system
             "const TShellLinearUnit& TShellGeodeticReferenceSystem::GetHeightUnit() const");
     }
     return *system.Vertical->HeightUnit;
-}
-
-std::string ShortName(TShellUnit const& unit) {
-    return unit.Abbreviation.empty() ? unit.Name : unit.Abbreviation;
 }
 
 /** The longitude (radians) as it is reported. */
@@ -170,23 +167,9 @@ bool TShellGeodeticReferenceSystem::InputCoords(TShellCoords const& texts, TShel
     if (!AngularUnit || !Vertical || !Vertical->HeightUnit) {
         return false;
     }
-    TShellUnit const& planeUnit = plane ? *plane : *AngularUnit;
-    if (!planeUnit.StringToValue(texts.Coord[0], &shell[0]) ||
-        !planeUnit.StringToValue(texts.Coord[1], &shell[1])) {
-        return false;
-    }
-    if (plane) {
-        plane->Convert(*AngularUnit, &shell[0]);
-        plane->Convert(*AngularUnit, &shell[1]);
-    }
-    if (!height) {
-        return Vertical->HeightUnit->StringToValue(texts.Coord[2], &shell[2]);
-    }
-    if (!height->StringToValue(texts.Coord[2], &shell[2])) {
-        return false;
-    }
-    height->Convert(*Vertical->HeightUnit, &shell[2]);
-    return true;
+    return Kinds::ParseText(texts.Coord[0], {*AngularUnit, plane}, &shell[0]) &&
+           Kinds::ParseText(texts.Coord[1], {*AngularUnit, plane}, &shell[1]) &&
+           Kinds::ParseText(texts.Coord[2], {*Vertical->HeightUnit, height}, &shell[2]);
 }
 
 void TShellGeodeticReferenceSystem::OutputCoords(double const* shell, TShellCoords* texts,
@@ -196,20 +179,13 @@ void TShellGeodeticReferenceSystem::OutputCoords(double const* shell, TShellCoor
     TShellLinearUnit const& heightUnit = HeightUnitOf(*this);
     TShellCoords printed;
     if (plane) {
-        for (int axis = 0; axis < 2; ++axis) {
-            double value = shell[axis];
-            unit.Convert(*plane, &value);
-            printed.Coord[axis] = plane->ValueToString(value, planePrecision);
-        }
+        printed.Coord[0] = Kinds::PrintText(shell[0], {unit, plane}, planePrecision);
+        printed.Coord[1] = Kinds::PrintText(shell[1], {unit, plane}, planePrecision);
     } else {
         printed.Coord[0] = unit.ValueToStringLatitude(shell[0], planePrecision);
         printed.Coord[1] = unit.ValueToStringLongitude(shell[1], planePrecision);
     }
-    double value = shell[2];
-    if (height) {
-        heightUnit.Convert(*height, &value);
-    }
-    printed.Coord[2] = (height ? *height : heightUnit).ValueToString(value, heightPrecision);
+    printed.Coord[2] = Kinds::PrintText(shell[2], {heightUnit, height}, heightPrecision);
     *texts = std::move(printed);
 }
 
@@ -238,7 +214,7 @@ std::string TShellGeodeticReferenceSystem::GetPlaneUnitName() const {
 }
 
 std::string TShellGeodeticReferenceSystem::GetPlaneUnitShortName() const {
-    return ShortName(AngularUnitOf(*this));
+    return Kinds::ShortName(AngularUnitOf(*this));
 }
 
 int TShellGeodeticReferenceSystem::GetPlaneUnitDefPrec() const {
@@ -254,7 +230,7 @@ std::string TShellGeodeticReferenceSystem::GetHeightUnitName() const {
 }
 
 std::string TShellGeodeticReferenceSystem::GetHeightUnitShortName() const {
-    return ShortName(HeightUnitOf(*this));
+    return Kinds::ShortName(HeightUnitOf(*this));
 }
 
 int TShellGeodeticReferenceSystem::GetHeightUnitDefPrec() const {
@@ -368,38 +344,11 @@ double TShellGeodeticReferenceSystem::CalculateArea(std::vector<vec_t_<double, 3
 }
 
 bool TShellGeodeticReferenceSystem::InsertCoreTransforms() {
-    if (!CoreRefSystem) {
-        return false;
-    }
-    if (!Transform) {
-        CoreRefSystem->Transforms.ClearTransforms();
-        return true;
-    }
-    std::unique_ptr<TRefSystemTransformsSet> const set(Transform->CreateCoreTransform(false, 1, 1));
-    if (!set) {
-        return false;
-    }
-    CoreRefSystem->Transforms.Swap(*set);
-    return true;
+    return Kinds::InsertOwnChain(this, {});
 }
 
 bool TShellGeodeticReferenceSystem::InsertCorePairwiseTransforms(std::string const& name) {
-    if (!CoreRefSystem) {
-        return false;
-    }
-    TShellRefSystemTransform const* const chain = FindPairwiseTransforms(name);
-    if (!chain) {
-        CoreRefSystem->RemovePairwiseTransforms(name);
-        return true;
-    }
-    std::unique_ptr<TRefSystemTransformsSet> const set(chain->CreateCoreTransform(false, 1, 1));
-    if (!set) {
-        return false;
-    }
-    // A name that the core has already keeps its first set there: kept, since hosts remove before they
-    // replace.
-    CoreRefSystem->SetPairwiseTransforms(name, *set);
-    return true;
+    return Kinds::InsertPairwiseChain(this, name, {});
 }
 
 } // namespace KvRefSystem

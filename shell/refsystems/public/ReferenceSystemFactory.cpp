@@ -3,6 +3,7 @@
 #include "frame/XmlSectionsDetail.h"
 #include "shell/refsystems/DescriptionTags.h"
 #include "shell/refsystems/GeodeticReferenceSystem.h"
+#include "shell/refsystems/MapProjectedReferenceSystem.h"
 
 namespace KvRefSystem {
 
@@ -24,6 +25,8 @@ TShellReferenceSystem* CreateShellReferenceSystem(TStringTree* tree, TKvProgress
     switch (type) {
     case rstGeodetic:
         return new TShellGeodeticReferenceSystem(tree, progress);
+    case rstMapProjected:
+        return new TShellMapProjectedReferenceSystem(tree, progress);
     default:
         return nullptr;
     }
@@ -36,6 +39,8 @@ TShellReferenceSystem* CreateShellReferenceSystem(TKvXIniReader* reader, TKvProg
     switch (ReadXmlInt(reader, "RefSystemType", 0)) {
     case rstGeodetic:
         return new TShellGeodeticReferenceSystem(reader, progress);
+    case rstMapProjected:
+        return new TShellMapProjectedReferenceSystem(reader, progress);
     default:
         return nullptr;
     }

@@ -1,0 +1,93 @@
+#include "frame/NumberText.h"
+#include "shell/refsystems/DescriptionTags.h"
+#include "shell/refsystems/KindsDetail.h"
+#include "shell/refsystems/MapProjectedReferenceSystem.h"
+#include "shell/refsystems/public/ReferenceSystemFactory.h"
+
+#include <memory>
+
+namespace KvRefSystem {
+
+namespace {
+
+/** Panorama codes of a family of sixty zones: the first code less one is their base. */
+struct TPanoramaZones {
+    long base;
+    char const* name;
+};
+
+constexpr TPanoramaZones PanoramaFamilies[] = {
+    {80011000, "PZ-90.11 Zone"},
+    {80020000, "GSK-2011 Zone"},
+};
+
+constexpr long PanoramaZoneCount = 60;
+
+/** Copies the base system's description under the same tag, as that of a geodetic system. */
+TStringTree* CopyBase(TStringTree const& saved, TStringTree* tree) {
+    TStringTree const* const source = saved.FindSubtree(DescriptionTag::PrimarySystem, 0);
+    if (!tree->InsertSubtree("primary reference system", DescriptionTag::PrimarySystem, 0) || !source) {
+        return nullptr;
+    }
+    TStringTree* const base = tree->FindSubtree(DescriptionTag::PrimarySystem, 0);
+    if (!source->CopyTo(base)) {
+        return nullptr;
+    }
+    base->DeleteField(DescriptionTag::Type, 0);
+    return base->InsertString("type", DescriptionTag::Type, 0, "4") ? base : nullptr;
+}
+
+} // namespace
+
+bool TShellMapProjectedReferenceSystem::FillInternalRefSystemTree(TStringTree* tree,
+                                                                  TShellCoords const& origin) const {
+    if (!SavedTree || !TShellReferenceSystem::FillInternalRefSystemTree(tree, origin)) {
+        return false;
+    }
+    TStringTree* const baseTree = CopyBase(*SavedTree, tree);
+    std::unique_ptr<TShellReferenceSystem> const base(baseTree ? CreateShellReferenceSystem(baseTree, nullptr)
+                                                               : nullptr);
+    if (!base) {
+        return false;
+    }
+    // An empty text of the height leaves its number alone: the origin then lies on the ellipsoid.
+    double point[3] = {0, 0, 0};
+    if (!InputCoords(origin, nullptr, nullptr, point)) {
+        return false;
+    }
+    OperateShellCoords(*base, point, false);
+    TShellCoords texts;
+    base->OutputCoords(point, &texts, nullptr, -1, nullptr, -1);
+    for (int axis = 0; axis < 3; ++axis) {
+        if (!tree->InsertString("origin", DescriptionTag::Origin, axis, texts.Coord[axis])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+int TShellMapProjectedReferenceSystem::FillPrimaryGeodeticRefSystemTree(TStringTree* tree) const {
+    return Kinds::FillPrimary(*this, Kinds::pfGeodetic, tree);
+}
+
+int TShellMapProjectedReferenceSystem::FillPrimaryGeodeticRefSystemTreeDeg(TStringTree* tree) const {
+    return Kinds::FillPrimary(*this, Kinds::pfGeodeticDegrees, tree);
+}
+
+int TShellMapProjectedReferenceSystem::FillPrimaryGeocentricRefSystemTree(TStringTree* tree) const {
+    return Kinds::FillPrimary(*this, Kinds::pfGeocentric, tree);
+}
+
+std::string TShellMapProjectedReferenceSystem::GetPanoramaName() const {
+    long code = 0;
+    ScanText(PanoramaCode.c_str(), "%ld", &code);
+    for (TPanoramaZones const& family : PanoramaFamilies) {
+        long const zone = code - family.base;
+        if (zone >= 1 && zone <= PanoramaZoneCount) {
+            return FormatText("%s %d", family.name, static_cast<int>(zone));
+        }
+    }
+    return std::string();
+}
+
+} // namespace KvRefSystem
