@@ -23,11 +23,11 @@ std::string fieldText(LumCommonUtils::TStringTree const& tree, int tag, int idx)
     return text;
 }
 
-TEST_P(CatalogEntry, BuildsAGeodeticSystem) {
+TEST_P(CatalogEntry, BuildsASystemOnTheEarth) {
     auto const system = BuildEntry(GetParam());
     ASSERT_NE(system, nullptr);
-    EXPECT_EQ(system->Type, rstGeodetic);
-    EXPECT_TRUE(system->IsLatLon());
+    EXPECT_TRUE(system->Type == rstGeodetic || system->Type == rstMapProjected) << system->Type;
+    EXPECT_EQ(system->IsLatLon(), system->Type == rstGeodetic);
     EXPECT_TRUE(system->IsGlobal());
     EXPECT_NE(system->CoreRefSystem, nullptr);
 }
@@ -73,8 +73,10 @@ TEST_P(CatalogEntry, HasATitleNameAbbreviationAndAxes) {
     ASSERT_NE(system, nullptr);
     EXPECT_FALSE(system->Name.empty());
     EXPECT_FALSE(system->Abbreviation.empty());
-    EXPECT_EQ(system->AxisName[0], "Latitude");
-    EXPECT_EQ(system->AxisName[1], "Longitude");
+    if (system->Type == rstGeodetic) {
+        EXPECT_EQ(system->AxisName[0], "Latitude");
+        EXPECT_EQ(system->AxisName[1], "Longitude");
+    }
     EXPECT_EQ(system->AxisName[2], "Height");
 }
 
@@ -91,10 +93,25 @@ TEST_P(CatalogEntry, HasEveryUnitWithACodeOfTheExchangeFormats) {
     LumCommonUtils::TStringTree tree;
     std::string const text = ReadEntry(GetParam());
     tree.ReadFromString(text.c_str(), nullptr, nullptr);
-    auto const* const angular = tree.FindSubtree(1106, 0);
+    LumCommonUtils::TStringTree const* geodetic = &tree;
+    if (auto const* const primary = tree.FindSubtree(1121, 0)) {
+        geodetic = primary;
+        auto const* const plane = tree.FindSubtree(1104, 0);
+        ASSERT_NE(plane, nullptr);
+        EXPECT_FALSE(fieldText(*plane, 102002, 0).empty());
+        auto const* const projection = tree.FindSubtree(1300, 0);
+        ASSERT_NE(projection, nullptr);
+        auto const* const angles = projection->FindSubtree(6090, 0);
+        ASSERT_NE(angles, nullptr);
+        EXPECT_FALSE(fieldText(*angles, 102003, 0).empty());
+        auto const* const lengths = projection->FindSubtree(6091, 0);
+        ASSERT_NE(lengths, nullptr);
+        EXPECT_FALSE(fieldText(*lengths, 102002, 0).empty());
+    }
+    auto const* const angular = geodetic->FindSubtree(1106, 0);
     ASSERT_NE(angular, nullptr);
     EXPECT_FALSE(fieldText(*angular, 102003, 0).empty());
-    auto const* const vertical = tree.FindSubtree(1201, 0);
+    auto const* const vertical = geodetic->FindSubtree(1201, 0);
     ASSERT_NE(vertical, nullptr);
     auto const* const height = vertical->FindSubtree(1104, 0);
     ASSERT_NE(height, nullptr);
@@ -104,13 +121,38 @@ TEST_P(CatalogEntry, HasEveryUnitWithACodeOfTheExchangeFormats) {
 INSTANTIATE_TEST_SUITE_P(All, CatalogEntry, testing::ValuesIn(CatalogNames()),
                          [](auto const& entry) { return TestSuffix(entry.param); });
 
-TEST(Catalog, HoldsTheSixteenEntries) {
+TEST(Catalog, HoldsSixteenGeodeticSystems) {
     std::vector<std::string> const expected = {
         "dhdn",   "ed50",         "etrs89",       "gsk-2011",    "nad27",    "ntf-paris",
         "osgb36", "pulkovo-1942", "pulkovo-1995", "pz-90.02",    "pz-90.11", "sphere",
         "tokyo",  "wgs-84",       "wgs-84-dms",   "wgs-84-feet",
     };
-    EXPECT_EQ(CatalogNames(), expected);
+    EXPECT_EQ(GeodeticNames(), expected);
+}
+
+TEST(Catalog, HoldsNineteenGrids) {
+    std::vector<std::string> const expected = {
+        "albers-conus",
+        "belge-lambert-72",
+        "belgian-lambert-72",
+        "british-national-grid",
+        "etrs89-laea",
+        "etrs89-lcc",
+        "italy-zone-1",
+        "italy-zone-2",
+        "lambert-93",
+        "lambert-zone-ii",
+        "nzmg",
+        "polyconic-brazil",
+        "rd-new",
+        "s-jtsk-krovak",
+        "s-jtsk-krovak-en",
+        "swiss-lv95",
+        "ups-north",
+        "ups-south",
+        "web-mercator",
+    };
+    EXPECT_EQ(GridNames(), expected);
 }
 
 } // namespace

@@ -1,14 +1,15 @@
 #include "tests/catalog/Entries.h"
+#include "tests/catalog/Points.h"
 
 #include "frame/NumberText.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cmath>
 #include <map>
+#include <memory>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace VellariTest {
@@ -16,29 +17,6 @@ namespace VellariTest {
 namespace {
 
 using namespace KvRefSystem;
-
-using TPoint = std::array<double, 3>; // latitude, longitude, height in a system's units
-
-constexpr double radian = 180.0 / 3.141592653589793; // degrees
-
-/** Metres between two points of WGS 84 that lie close together, with a mean radius. */
-double distance(TPoint const& a, TPoint const& b) {
-    double const metres = 6371000.0 / radian;
-    double const north = (a[0] - b[0]) * metres;
-    double const east = std::remainder(a[1] - b[1], 360.0) * metres * std::cos(a[0] / radian);
-    return std::hypot(north, east, a[2] - b[2]);
-}
-
-TPoint transform(std::string const& from, TPoint const& point, std::string const& to) {
-    auto const source = BuildEntry(from);
-    auto const target = BuildEntry(to);
-    TPoint result{};
-    EXPECT_TRUE(source != nullptr && target != nullptr &&
-                TransformCoords(source.get(), point[0], point[1], point[2], target.get(), &result[0],
-                                &result[1], &result[2]))
-        << from << " to " << to;
-    return result;
-}
 
 struct TSample {
     char const* Entry;
@@ -73,12 +51,12 @@ class CatalogPoints : public testing::TestWithParam<TSample> {};
 
 TEST_P(CatalogPoints, GoToWgs84WithinAMillimetre) {
     TSample const& sample = GetParam();
-    EXPECT_LT(distance(transform(sample.Entry, sample.Point, "wgs-84"), sample.Wgs84), 1e-3);
+    EXPECT_LT(Distance(Transform(sample.Entry, sample.Point, "wgs-84"), sample.Wgs84), 1e-3);
 }
 
 TEST_P(CatalogPoints, ComeBackFromWgs84) {
     TSample const& sample = GetParam();
-    TPoint const back = transform("wgs-84", sample.Wgs84, sample.Entry);
+    TPoint const back = Transform("wgs-84", sample.Wgs84, sample.Entry);
     // The reverse of a small-angle shift leaves out products of rotations and scale: a millimetre.
     for (std::size_t i = 0; i < 3; ++i) {
         EXPECT_NEAR(back[i], sample.Point[i], i < 2 ? 5e-8 : 5e-3) << i;
@@ -129,12 +107,17 @@ TEST(CatalogFeet, NamesTheInternationalFoot) {
 
 struct TExample {
     char const* File;
-    char const* Entry;
+    char const* System;
     char const* Header;
 };
 
 void PrintTo(TExample const& example, std::ostream* out) {
     *out << example.File;
+}
+
+/** The examples' system of that name: a zone of Gauss-Kruger on Pulkovo 1942, or an entry. */
+std::unique_ptr<TShellReferenceSystem> buildExampleSystem(std::string const& name) {
+    return name == "gk:7" ? BuildPulkovoZone(7) : BuildEntry(name);
 }
 
 TExample const examples[] = {
@@ -144,6 +127,8 @@ TExample const examples[] = {
     {"tokyo.csv", "tokyo", "latitude_deg,longitude_deg,height_m,name"},
     {"paris-grads.csv", "ntf-paris", "latitude_grad,longitude_grad,height_m,name"},
     {"sexagesimal.csv", "wgs-84-dms", "latitude_dms,longitude_dms,height_m,name"},
+    {"moscow-gk7.csv", "gk:7", "northing_m,easting_m,height_m,name"},
+    {"britain-grid.csv", "british-national-grid", "easting_m,northing_m,height_m,name"},
 };
 
 std::vector<std::string> split(std::string const& text, char separator) {
@@ -160,11 +145,11 @@ std::vector<std::string> split(std::string const& text, char separator) {
 
 /** The places of a file on WGS 84, by name. */
 std::map<std::string, TPoint> placesOnWgs84(TExample const& example) {
-    auto const source = BuildEntry(example.Entry);
+    auto const source = buildExampleSystem(example.System);
     auto const target = BuildEntry("wgs-84");
     std::map<std::string, TPoint> places;
     if (source == nullptr || target == nullptr) {
-        ADD_FAILURE() << example.Entry << " or wgs-84 does not build";
+        ADD_FAILURE() << example.System << " or wgs-84 does not build";
         return places;
     }
     std::vector<std::string> const lines =
@@ -207,13 +192,28 @@ TEST_P(ExamplePoints, MeetTheSamePlacesOfTheSexagesimalFile) {
         }
         ++met;
         // Both files are rounded, to 0.2 m at most.
-        EXPECT_LT(distance(place, same->second), 0.3) << name;
+        EXPECT_LT(Distance(place, same->second), 0.3) << name;
     }
     EXPECT_GE(met, 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ExamplePoints, testing::ValuesIn(examples),
                          [](auto const& example) { return TestSuffix(example.param.File); });
+
+TEST(ExamplePointsOnGrids, AreThePlacesOfTheGeographicFiles) {
+    // moscow.csv and moscow-gk7.csv, britain.csv and britain-grid.csv.
+    for (auto const& [geographic, grid] : {std::pair{0, 6}, std::pair{2, 7}}) {
+        std::map<std::string, TPoint> const reference = placesOnWgs84(examples[geographic]);
+        std::map<std::string, TPoint> const places = placesOnWgs84(examples[grid]);
+        EXPECT_EQ(places.size(), reference.size());
+        for (auto const& [name, place] : places) {
+            auto const same = reference.find(name);
+            ASSERT_NE(same, reference.end()) << name;
+            // The grid's file is rounded to a centimetre, 7 mm in both coordinates together.
+            EXPECT_LT(Distance(place, same->second), 8e-3) << name;
+        }
+    }
+}
 
 TEST(ExamplePointsOfFrance, HaveTheObservatoryOnTheMeridianOfParis) {
     for (std::string const& line : split(ReadSourceFile("examples/points/paris-grads.csv"), '\n')) {

@@ -32,7 +32,7 @@ struct TStep {
 
 struct TRow {
     char const* Entry;
-    int System;               ///< EPSG code of the geographic system
+    int System;               ///< EPSG code of the geographic system, of a grid that of its base
     std::vector<TStep> Steps; ///< none: the datum is WGS 84 itself
 };
 
@@ -61,6 +61,25 @@ TRow const rows[] = {
     {"nad27", 4267, {{1173, translations, 1}}},
     {"tokyo", 4301, {{15484, translations, 1}}},
     {"ntf-paris", 4807, {{1193, translations, 1}}},
+    {"albers-conus", 4269, {{1188, translations, 1}}},
+    {"belge-lambert-72", 4313, {{15929, coordinateFrame, 1}}},
+    {"belgian-lambert-72", 4313, {{15929, coordinateFrame, 1}}},
+    {"british-national-grid", 4277, {{1314, positionVector, 1}}},
+    {"etrs89-laea", 4258, {{1149, translations, 1}}},
+    {"etrs89-lcc", 4258, {{1149, translations, 1}}},
+    {"italy-zone-1", 4265, {{1660, positionVector, 1}}},
+    {"italy-zone-2", 4265, {{1660, positionVector, 1}}},
+    {"lambert-93", 4171, {{1671, translations, 1}}},
+    {"lambert-zone-ii", 4807, {{1193, translations, 1}}},
+    {"nzmg", 4272, {{1564, coordinateFrame, 1}}},
+    {"polyconic-brazil", 4674, {{15894, translations, 1}}},
+    {"rd-new", 4289, {{4833, coordinateFrame, 1}}},
+    {"s-jtsk-krovak", 4156, {{5239, coordinateFrame, 1}}},
+    {"s-jtsk-krovak-en", 4156, {{5239, coordinateFrame, 1}}},
+    {"swiss-lv95", 4150, {{1676, translations, 1}}},
+    {"ups-north", 4326, {}},
+    {"ups-south", 4326, {}},
+    {"web-mercator", 4326, {}},
 };
 
 /** The row's operations added up, rotations as those of the coordinate frame. */
@@ -106,17 +125,22 @@ std::string text(LumCommonUtils::TStringTree const* tree, int tag) {
 class CatalogRegister : public testing::TestWithParam<TRow> {
 protected:
     void SetUp() override {
-        system = BuildEntry(GetParam().Entry);
+        entry = BuildEntry(GetParam().Entry);
+        auto const* const grid = dynamic_cast<TShellMapProjectedReferenceSystem const*>(entry.get());
+        system = grid != nullptr ? grid->BaseGeodetic : entry.get();
         ASSERT_NE(system, nullptr);
         ASSERT_NE(system->DatumShift, nullptr);
         ASSERT_NE(system->Ellipsoid, nullptr);
         ASSERT_NE(system->PrimeMeridian, nullptr);
         std::string const description = ReadEntry(GetParam().Entry);
-        tree.ReadFromString(description.c_str(), nullptr, nullptr);
+        root.ReadFromString(description.c_str(), nullptr, nullptr);
+        tree = grid != nullptr ? find(&root, {1121}) : &root;
     }
 
-    std::unique_ptr<TShellReferenceSystem> system;
-    LumCommonUtils::TStringTree tree;
+    std::unique_ptr<TShellReferenceSystem> entry;
+    TShellReferenceSystem const* system = nullptr; ///< the geodetic system, of a grid its base
+    LumCommonUtils::TStringTree root;
+    LumCommonUtils::TStringTree const* tree = nullptr; ///< of the geodetic system
 };
 
 TEST_P(CatalogRegister, ShiftIsThatOfTheRegister) {
@@ -140,7 +164,7 @@ TEST_P(CatalogRegister, ShiftHasTheFormOfTheMethod) {
                                           : asPositionVector ? dstBursaWolf
                                                              : dstBursaWolfInvRot;
     int form = 0;
-    auto const* const type = find(&tree, {1107, 1102, 5443});
+    auto const* const type = find(tree, {1107, 1102, 5443});
     ASSERT_NE(type, nullptr);
     ASSERT_TRUE(type->GetInteger(5701, 0, &form));
     EXPECT_EQ(form, expected);
@@ -155,6 +179,10 @@ TEST_P(CatalogRegister, DescriptionNamesTheOperationsAndTheirAccuracy) {
     }
     EXPECT_GT(expected, 0.0);
     EXPECT_NEAR(statedAccuracy(system->Description), expected, 1e-9);
+    // A grid's own description repeats that of its base.
+    std::size_t const shift = system->Description.find(". ") + 2;
+    EXPECT_NE(entry->Description.find(system->Description.substr(shift)), std::string::npos)
+        << entry->Description;
 }
 
 TEST_P(CatalogRegister, EllipsoidAndMeridianAreThoseOfTheRegister) {
@@ -174,18 +202,18 @@ TEST_P(CatalogRegister, EllipsoidAndMeridianAreThoseOfTheRegister) {
 }
 
 TEST_P(CatalogRegister, CodesNameTheSameDatumAndEllipsoid) {
-    auto const* const datum = find(&tree, {1107});
+    auto const* const datum = find(tree, {1107});
     EXPECT_EQ(text(datum, 5620), ReadRegisterName("datum", text(datum, 102006)));
     EXPECT_EQ(system->DatumName, text(datum, 5620));
     EXPECT_EQ(system->DatumGeoTIFFCode, text(datum, 102006));
 
-    auto const* const ellipsoid = find(&tree, {1107, 5610});
+    auto const* const ellipsoid = find(tree, {1107, 5610});
     EXPECT_EQ(text(ellipsoid, 5120), ReadRegisterName("ellipsoid", text(ellipsoid, 102004)));
     EXPECT_EQ(text(ellipsoid, 5121), "EPSG ellipsoid " + text(ellipsoid, 102004));
     EXPECT_EQ(text(ellipsoid, 5120), ReadRegisterSystem(GetParam().System).EllipsoidName);
 
     // GeoTIFF's PM_Greenwich and PM_Paris.
-    auto const* const meridian = find(&tree, {1101});
+    auto const* const meridian = find(tree, {1101});
     EXPECT_EQ(text(meridian, 102009), text(meridian, 5220) == "Paris" ? "8903" : "8901");
 }
 

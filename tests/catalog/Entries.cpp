@@ -1,5 +1,8 @@
 #include "tests/catalog/Entries.h"
 
+#include "frame/NumberText.h"
+#include "tests/support/Descriptions.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -7,6 +10,24 @@
 #include <stdexcept>
 
 namespace VellariTest {
+
+namespace {
+
+/** The names of the entries that are, or aren't, of the map-projected kind. */
+std::vector<std::string> namesOfKind(bool projected) {
+    std::vector<std::string> names;
+    for (std::string const& name : CatalogNames()) {
+        LumCommonUtils::TStringTree tree;
+        tree.ReadFromString(ReadEntry(name).c_str(), nullptr, nullptr);
+        int kind = 0;
+        if ((tree.GetInteger(1100, 0, &kind) && kind == KvRefSystem::rstMapProjected) == projected) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+} // namespace
 
 std::string ReadSourceFile(std::string const& path) {
     std::ifstream file(std::string(VELLARI_SOURCE_DIR) + "/" + path, std::ios::binary);
@@ -27,6 +48,14 @@ std::vector<std::string> CatalogNames() {
     return names;
 }
 
+std::vector<std::string> GridNames() {
+    return namesOfKind(true);
+}
+
+std::vector<std::string> GeodeticNames() {
+    return namesOfKind(false);
+}
+
 std::string ReadEntry(std::string const& name) {
     return ReadSourceFile("catalog/" + name + ".txt");
 }
@@ -34,6 +63,24 @@ std::string ReadEntry(std::string const& name) {
 std::unique_ptr<KvRefSystem::TShellReferenceSystem> BuildEntry(std::string const& name) {
     return std::unique_ptr<KvRefSystem::TShellReferenceSystem>(
         KvRefSystem::CreateShellReferenceSystem(ReadEntry(name), nullptr));
+}
+
+std::unique_ptr<KvRefSystem::TShellMapProjectedReferenceSystem> BuildGrid(std::string const& name) {
+    auto system = BuildEntry(name);
+    auto* const grid = dynamic_cast<KvRefSystem::TShellMapProjectedReferenceSystem*>(system.get());
+    if (grid != nullptr) {
+        system.release();
+    }
+    return std::unique_ptr<KvRefSystem::TShellMapProjectedReferenceSystem>(grid);
+}
+
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> BuildPulkovoZone(int zone) {
+    TestSupport::TProjectedText text;
+    text.base = TestSupport::Pulkovo1942();
+    text.type = KvRefSystem::mptGaussKruger6;
+    text.parameters = {{6201, KvRefSystem::FormatText("%d", zone)}, {6202, "N"}};
+    text.flip = 1;
+    return TestSupport::Create(text);
 }
 
 std::string TestSuffix(std::string const& name) {

@@ -94,6 +94,30 @@ TRegisterSystem ReadRegisterSystem(int code) {
     return system;
 }
 
+TRegisterGrid ReadRegisterGrid(int code) {
+    std::string const text = askRegister("EPSG:" + KvRefSystem::FormatText("%d", code));
+    TRegisterGrid grid;
+    std::smatch const names = find(text, R"re(^PROJCRS\["([^"]*)",BASEGEOGCRS\["([^"]*)",)re");
+    grid.Name = names[1];
+    grid.BaseName = names[2];
+    grid.Base = static_cast<int>(number(find(text, R"re(,ID\["EPSG",([0-9]+)\]\],CONVERSION\[)re")[1]));
+    std::smatch const method = find(text, R"re(METHOD\["([^"]*)",ID\["EPSG",([0-9]+)\]\])re");
+    grid.MethodName = method[1];
+    grid.Method = static_cast<int>(number(method[2]));
+
+    std::regex const parameter(R"re(PARAMETER\["([^"]*)",([^,]*),([A-Z]+)\["[^"]*",([^\]]*)\])re");
+    for (std::sregex_iterator at(text.begin(), text.end(), parameter); at != std::sregex_iterator(); ++at) {
+        grid.Parameters.push_back({(*at)[1], (*at)[3], number((*at)[2]) * number((*at)[4])});
+    }
+    // Polar axes all point to the pole or away from it; eastings run along the meridians of 90 degrees.
+    std::regex const axis(R"re(AXIS\["[^"]*",([a-z]+)(,MERIDIAN\[(-?90)?)?)re");
+    for (std::sregex_iterator at(text.begin(), text.end(), axis); at != std::sregex_iterator(); ++at) {
+        bool const polar = (*at)[2].matched;
+        grid.Axes.push_back(!polar ? std::string((*at)[1]) : (*at)[3].matched ? "east" : "north");
+    }
+    return grid;
+}
+
 std::string ReadRegisterName(std::string const& kind, std::string const& code) {
     std::string const text = askRegister("-k " + kind + " EPSG:" + code);
     return find(text, R"re((?:DATUM|ELLIPSOID)\["([^"]*)")re")[1];
