@@ -20,10 +20,13 @@ struct TOrthographicMapProjectionParameters {
  * The orthographic projection of the ellipsoid [EPSG7-2, 9840]: the ellipsoid seen from infinity above the
  * origin.
  *
- * Good within 65 degrees of the origin, where it agrees with PROJ to 5e-9 m forward; the reverse leaves up to
- * 6.4e-6 m in each coordinate, more towards the horizon, where the map has no depth. Beyond the horizon there
- * is no place to find, and with an origin at a pole the reverse starts where the Jacobian is singular: values
- * without meaning come back.
+ * Good within 65 degrees of the origin on this side of the poles, where it agrees with PROJ to 5e-9 m
+ * forward; the reverse leaves up to 6.4e-6 m in each coordinate, more towards the horizon, where the map has
+ * no depth. Beyond the horizon there is no place to find, and with an origin at a pole the reverse starts
+ * where the Jacobian is singular: values without meaning come back.
+ *
+ * Kept: seen over a pole, the reverse arrives at a latitude beyond it, which is cut at the pole; the
+ * longitude is then that of the near side.
  *
  * Kept, as hosts rely on these numbers: the last step of the reverse, the one within the tolerance, isn't
  * applied; when 100 passes don't suffice the latest values stand. Kept: longitude differences aren't wrapped,

@@ -41,6 +41,7 @@ std::vector<TRoom> const Rooms = {
      {"frame/", "core/", "shell/units/", "shell/datum/", "shell/projections/", "shell/transforms/"}},
     {"shell/refsystems/", {"frame/", "core/", "shell/"}},
     {"hostkit/", {"frame/", "hostkit/"}},
+    {"tools/accuracy/", {"tools/accuracy/"}},
     {"tools/vellari/", {"tools/vellari/"}},
     {"bench/", {"bench/"}},
     {"examples/", {}},

@@ -1,0 +1,78 @@
+#include "tools/accuracy/Figure.h"
+
+#include <Vellari/Vellari.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace VellariAccuracy {
+
+namespace {
+
+/** Between these the figures are written without a power of ten; metres. */
+constexpr double LeastPlain = 1e-4;
+constexpr double GreatestPlain = 1e6;
+
+/** `digits` (10 to 99) tenths of a power of ten. */
+std::string TextOf(int digits, int exponent) {
+    std::string const scientific = KvRefSystem::FormatText("%d.%de%d", digits / 10, digits % 10, exponent);
+    double value = 0;
+    KvRefSystem::ParseWholeDouble(scientific, &value);
+    if (value >= LeastPlain && value < GreatestPlain) {
+        return KvRefSystem::FormatText("%.*f", std::max(0, 1 - exponent), value);
+    }
+    return digits % 10 == 0 ? KvRefSystem::FormatText("%de%d", digits / 10, exponent) : scientific;
+}
+
+double ValueOf(std::string const& text) {
+    double value = 0;
+    KvRefSystem::ParseWholeDouble(text, &value);
+    return value;
+}
+
+} // namespace
+
+std::string FigureText(double metres) {
+    if (!std::isfinite(metres)) {
+        return NoNumber;
+    }
+    double const least = std::max(metres, LeastFigure);
+    int units = 0;
+    int tenths = 0;
+    int exponent = 0;
+    KvRefSystem::ScanText(KvRefSystem::FormatText("%.1e", least).c_str(), "%d.%de%d", &units, &tenths,
+                          &exponent);
+    int digits = 10 * units + tenths;
+    // To the nearest isn't up yet.
+    if (ValueOf(TextOf(digits, exponent)) < least) {
+        ++digits;
+    }
+    if (digits == 100) {
+        digits = 10;
+        ++exponent;
+    }
+    return TextOf(digits, exponent);
+}
+
+bool ReadFigure(std::string_view text, double* metres) {
+    if (text == NoNumber) {
+        *metres = std::numeric_limits<double>::quiet_NaN();
+        return true;
+    }
+    double value = 0;
+    if (!KvRefSystem::ParseWholeDouble(text, &value) || FigureText(value) != text) {
+        return false;
+    }
+    *metres = value;
+    return true;
+}
+
+bool Holds(double measured, double figure) {
+    if (std::isnan(figure) || !std::isfinite(measured)) {
+        return std::isnan(figure) && !std::isfinite(measured);
+    }
+    return measured <= figure;
+}
+
+} // namespace VellariAccuracy
