@@ -11,27 +11,51 @@ using testing::StartsWith;
 
 // --- list --------------------------------------------------------------------------------------------------
 
-TEST(ListCommand, ShowsNameKindAndTitle) {
+TEST(ListCommand, ShowsNamesAndTitlesInGroups) {
     TToolRun const run = RunTool({"list"});
-    EXPECT_THAT(run.out, HasSubstr("pulkovo-1942  geodetic  Pulkovo 1942\n"));
-    EXPECT_THAT(run.out, HasSubstr("wgs-84        geodetic  WGS 84\n"));
+    EXPECT_THAT(run.out, testing::ContainsRegex("\n  pulkovo-1942 +Pulkovo 1942\n"));
+    EXPECT_THAT(run.out, testing::ContainsRegex("\n  wgs-84 +WGS 84\n"));
+    std::size_t const geodetic = run.out.find("Geodetic systems\n");
+    std::size_t const grids = run.out.find("\nNational and regional grids\n");
+    std::size_t const zones = run.out.find("\nZones, by their numbers\n");
+    EXPECT_EQ(geodetic, 0u);
+    EXPECT_LT(run.out.find("\n  tokyo "), grids);
+    EXPECT_LT(grids, run.out.find("\n  rd-new "));
+    EXPECT_LT(run.out.find("\n  rd-new "), zones);
+    EXPECT_LT(zones, run.out.find("\n  utm:ZONE(N|S) "));
+    EXPECT_THAT(run.out, Not(HasSubstr("Other systems")));
     EXPECT_EQ(run.status, 0);
+}
+
+TEST(ListCommand, ShowsTheZonesWithAnExample) {
+    std::string const zones = RunTool({"list", "zones"}).out + RunTool({"list", "utm"}).out;
+    for (char const* const example : {"; as utm:37N\n", "; as msk:50:2\n", "; as sk63:C:1\n"}) {
+        EXPECT_THAT(zones, HasSubstr(example));
+    }
+    EXPECT_EQ(RunTool({"list", "GK:7"}).out,
+              "Zones, by their numbers\n  gk:ZONE[N|S]  Pulkovo 1942 / Gauss-Kruger of 6 degrees; northing, "
+              "easting; zones 1 to 60; as gk:7\n");
 }
 
 TEST(ListCommand, TakesAPartOfANameOrTitleInEitherCase) {
     TToolRun const run = RunTool({"list", "PULKOVO"});
-    EXPECT_EQ(run.out, "pulkovo-1942  geodetic  Pulkovo 1942\npulkovo-1995  geodetic  Pulkovo 1995\n");
-    EXPECT_THAT(RunTool({"list", "grads"}).out, StartsWith("ntf-paris  "));
+    EXPECT_THAT(run.out, testing::MatchesRegex("Geodetic systems\n"
+                                               "  pulkovo-1942 +Pulkovo 1942\n"
+                                               "  pulkovo-1995 +Pulkovo 1995\n"
+                                               "\nZones, by their numbers\n"
+                                               "  gk:ZONE.*\n"));
+    EXPECT_THAT(RunTool({"list", "grads"}).out, HasSubstr("\n  ntf-paris  "));
 }
 
 TEST(ListCommand, TakesAPatternForTheWholeName) {
-    EXPECT_EQ(CountLines(RunTool({"list", "pz-90.*"}).out), 2);
-    EXPECT_EQ(CountLines(RunTool({"list", "wgs-8?"}).out), 1);
+    EXPECT_EQ(CountLines(RunTool({"list", "pz-90.*"}).out), 1 + 2);
+    EXPECT_EQ(CountLines(RunTool({"list", "wgs-8?"}).out), 1 + 1);
 }
 
 TEST(ListCommand, APatternThatFitsNothingIsAnError) {
     TToolRun const run = RunTool({"list", "atlantis"});
-    EXPECT_EQ(run.err, "vellari: no entry of the catalogue fits \"atlantis\"; `vellari list` shows all\n");
+    EXPECT_EQ(run.err,
+              "vellari: no entry of the catalogue and no zone fits \"atlantis\"; `vellari list` shows all\n");
     EXPECT_EQ(run.status, 2);
 }
 

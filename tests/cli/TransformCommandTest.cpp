@@ -189,6 +189,61 @@ TEST(TransformCommand, AStarIsTheEmptyHeightAmongBlanks) {
     EXPECT_EQ(Transform("55.75 37.62 * Moscow\n").out, "55.750042616 37.618125845 * Moscow\n");
 }
 
+// --- Grids -------------------------------------------------------------------------------------------------
+
+/** Runs `vellari transform` between two systems. */
+TToolRun Between(std::string const& source, std::string const& target, std::string const& points) {
+    TRunSettings settings;
+    settings.input = points;
+    return RunTool({"transform", source, target}, settings);
+}
+
+TEST(TransformCommand, MovesPointsIntoAGridInMillimetres) {
+    // echo "55.75 37.62 150" | cs2cs -f %.3f EPSG:4326 EPSG:32637
+    EXPECT_EQ(Between("wgs-84", "utm:37N", "55.75,37.62,150\n").out, "413380.720,6179118.147,150.000\n");
+}
+
+TEST(TransformCommand, ColumnsOfAGridAreNamedByTheDirectionsOfItsAxes) {
+    EXPECT_THAT(Between("wgs-84", "utm:37N", "B,L,H,n\n55,39,0,a\n").out,
+                testing::StartsWith("easting_m,northing_m,height_m,n\n"));
+    EXPECT_THAT(Between("wgs-84", "gk:7", "B,L,H\n55,39,0\n").out,
+                testing::StartsWith("northing_m,easting_m,height_m\n"));
+    EXPECT_THAT(Between("wgs-84", "s-jtsk-krovak", "B,L\n50,15\n").out,
+                testing::StartsWith("southing_m,westing_m\n"));
+}
+
+TEST(TransformCommand, PointsWithoutHeightGoThroughGridsInBothDirections) {
+    EXPECT_EQ(Between("wgs-84", "utm:37N", "55.75,37.62\n").out, "413380.720,6179118.147\n");
+    EXPECT_EQ(Between("wgs-84", "utm:37N", "55.75,37.62,,x\n").out, "413380.720,6179118.147,,x\n");
+    // A height of 0 has no part in it: both lie on the central meridian, 500000 and 7500000.
+    EXPECT_EQ(Between("utm:37N", "wgs-84", "500000,0\n").out, "0.000000000,39.000000000\n");
+    std::string const withHeight = Between("gk:7", "utm:37N", "6181692,7413462,0,x\n").out;
+    std::string const without = Between("gk:7", "utm:37N", "6181692,7413462,,x\n").out;
+    EXPECT_EQ(without.substr(0, 22), withHeight.substr(0, 22));
+    EXPECT_THAT(without, EndsWith(",,x\n"));
+}
+
+TEST(TransformCommand, APointOutsideOfAProjectionsReachIsAMistake) {
+    // At a pole the tangent of the latitude leaves the numbers.
+    TToolRun const target = Between("wgs-84", "utm:37N", "90,39,1\n55.75,37.62,150\n90,39\n");
+    EXPECT_EQ(target.out, ",,\n413380.720,6179118.147,150.000\n,,\n");
+    EXPECT_THAT(target.err,
+                HasSubstr("line 1: the point lies outside of the reach of the target's projection, in "
+                          "\"90,39,1\"\n"));
+    EXPECT_EQ(target.status, 1);
+    EXPECT_THAT(Between("utm:37N", "wgs-84", "1e300,1e300,0\n").err,
+                HasSubstr("line 1: the point lies outside of the reach of the source's projection, in "));
+    EXPECT_THAT(Between("utm:37N", "gk:7", "1e300,1e300,0\n").err,
+                HasSubstr("line 1: the point lies outside of the reach of the two projections, in "));
+}
+
+TEST(TransformCommand, EastingsAndNorthingsHaveNoLimitAsLatitudesHave) {
+    EXPECT_EQ(Between("utm:37N", "utm:37N", "413380.72,6179118.147,1\n").out,
+              "413380.720,6179118.147,1.000\n");
+    EXPECT_THAT(Between("utm:37N", "wgs-84", "east,6179118,1\nx,y,1\n1,x,1\n").err,
+                HasSubstr("northing \"x\" is not a number"));
+}
+
 // --- Sexagesimal texts -------------------------------------------------------------------------------------
 
 TEST(TransformCommand, ReadsDegreesMinutesAndSeconds) {

@@ -24,14 +24,21 @@ constexpr TAxisNames axisNames[] = {
     {rstMapProjected, {"x", "y", "height"}}, {rstTopocentricHorizontal, {"x", "y", "height"}},
 };
 
-/** @return the name of one of the kind's coordinates. */
-std::string AxisNameOf(TShellReferenceSystem const& system, int index) {
-    for (TAxisNames const& row : axisNames) {
-        if (row.kind == system.Type) {
-            return std::string(row.name[index]);
-        }
+/** @return the name of a plane coordinate that grows in a direction; empty without one. */
+std::string_view GridAxisName(TCardinalDirection direction) {
+    switch (direction) {
+    case cdNone:
+        break;
+    case cdNorth:
+        return "northing";
+    case cdEast:
+        return "easting";
+    case cdSouth:
+        return "southing";
+    case cdWest:
+        return "westing";
     }
-    return std::string(1, "xyz"[index]);
+    return "";
 }
 
 /** What stands in a column's name for a notation. */
@@ -51,6 +58,20 @@ std::string_view NotationName(TSexagesimalNotation notation) {
 }
 
 } // namespace
+
+std::string AxisNameOf(TShellReferenceSystem const& system, int index) {
+    TCardinalDirection direction[2] = {cdNone, cdNone};
+    if (index < 2 && system.IsProjected() && system.GetAxesDirections(&direction[0], &direction[1]) &&
+        !GridAxisName(direction[index]).empty()) {
+        return std::string(GridAxisName(direction[index]));
+    }
+    for (TAxisNames const& row : axisNames) {
+        if (row.kind == system.Type) {
+            return std::string(row.name[index]);
+        }
+    }
+    return std::string(1, "xyz"[index]);
+}
 
 TAxisText::TAxisText(std::string axisName, std::string unitName, int decimals)
     : axis(std::move(axisName)), columnName(axis + "_" + unitName), precision(decimals) {}

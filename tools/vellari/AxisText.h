@@ -73,6 +73,12 @@ struct TPrecision {
     std::optional<int> height; ///< of heights alone
 };
 
+/**
+ * @param index 0 to 2. @return the lower-case name of a coordinate: "northing" and so on in grids, by the
+ *        axis' direction, else that of the kind.
+ */
+std::string AxisNameOf(KvRefSystem::TShellReferenceSystem const& system, int index);
+
 /** @return the three coordinates of a system in its shell order. */
 std::array<TAxisText, 3> AxisTexts(KvRefSystem::TShellReferenceSystem const& system,
                                    TPrecision const& precision);

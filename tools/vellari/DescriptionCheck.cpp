@@ -1,5 +1,6 @@
 #include "tools/vellari/DescriptionCheck.h"
 
+#include "tools/vellari/ProjectionCheck.h"
 #include "tools/vellari/ToolError.h"
 
 #include <algorithm>
@@ -47,13 +48,6 @@ bool HasRotations(TStringTree const& shift) {
     return ShiftForm(shift) == dstBursaWolf || ShiftForm(shift) == dstBursaWolfInvRot;
 }
 
-/** Whether the unit's texts are plain numbers, not a sexagesimal notation. */
-bool IsPlainUnit(TStringTree const& unit) {
-    int const code = WholeOr(unit, 5301, 0);
-    return code != anDegreeMinuteSecond && code != anDegreeMinuteSecondHemisphere &&
-           code != anSexagesimalDegree && code != anDegreeDecimalMinute;
-}
-
 /** @return whether its rotations are plain numbers. */
 bool HasPlainRotations(TStringTree const& shift) {
     TStringTree const* const unit = shift.FindSubtree(5441, 0);
@@ -79,6 +73,31 @@ bool HasNoDatum(TStringTree const& system) {
 /** @return whether there is a prime meridian; without one it is Greenwich. */
 bool HasPrimeMeridian(TStringTree const& system) {
     return system.FindSubtree(1101, 0) != nullptr;
+}
+
+/** @return whether heights have a unit, whole or not. */
+bool HasHeightUnit(TStringTree const& vertical) {
+    return vertical.FindSubtree(1104, 0) != nullptr;
+}
+
+/** @return whether a grid has an ellipsoid beside that of its base system. */
+bool HasOwnEllipsoid(TStringTree const& system) {
+    return HasNoDatum(system) && system.FindSubtree(1103, 0) != nullptr;
+}
+
+/** @return whether a projection has lengths. */
+bool UsesLengths(TStringTree const& projection) {
+    return UsesUnit(projection, utLinear);
+}
+
+/** @return whether it has angles. */
+bool UsesAngles(TStringTree const& projection) {
+    return UsesUnit(projection, utAngular);
+}
+
+/** @return whether it has scale factors. */
+bool UsesFactors(TStringTree const& projection) {
+    return UsesUnit(projection, utScale);
 }
 
 // --- What a description must hold --------------------------------------------------------------------------
@@ -142,10 +161,12 @@ constexpr TRequirement datumRows[] = {
 };
 
 constexpr TRequirement verticalRows[] = {
+    {1104, rfTree, "the unit of heights", suShow, unitRows, HasHeightUnit},
     {1104, rfTree, "the unit of heights", suTransform, unitRows},
 };
 
 constexpr TRequirement geodeticRows[] = {
+    {1100, rfWhole, "the kind of the system"},
     {1020, rfText, "the name"},
     {1021, rfText, "the description, which may be empty"},
     {1107, rfTree, "the datum", suShow, datumRows, HasDatum},
@@ -153,6 +174,29 @@ constexpr TRequirement geodeticRows[] = {
     {1101, rfTree, "the prime meridian", suShow, meridianRows, HasPrimeMeridian},
     {1201, rfTree, "the vertical system", suShow, verticalRows},
     {1106, rfTree, "the angular unit", suShow, unitRows},
+};
+
+constexpr TRequirement projectionRows[] = {
+    {1400, rfWhole, "whether northings come first (1) or eastings (0)"},
+    {1401, rfWhole, "the sign of the first axis"},
+    {1401, rfWhole, "the sign of the second axis", suShow, {}, nullptr, 1},
+    {1401, rfSign, "the sign of the first axis", suTransform},
+    {1401, rfSign, "the sign of the second axis", suTransform, {}, nullptr, 1},
+    {6001, rfProjection, "the type of the projection"},
+    {6091, rfTree, "the projection's linear unit", suShow, unitRows, UsesLengths},
+    {6090, rfTree, "the projection's angular unit", suShow, unitRows, UsesAngles},
+    {6092, rfTree, "the projection's scale unit", suShow, unitRows, UsesFactors},
+};
+
+constexpr TRequirement mapProjectedRows[] = {
+    {1020, rfText, "the name"},
+    {1021, rfText, "the description, which may be empty"},
+    {1107, rfTree, "the datum", suShow, datumRows, HasDatum},
+    {1103, rfTree, "the ellipsoid", suShow, ellipsoidRows, HasOwnEllipsoid},
+    {1101, rfTree, "the prime meridian", suShow, meridianRows, HasPrimeMeridian},
+    {1104, rfTree, "the linear unit", suShow, unitRows},
+    {1121, rfTree, "the geodetic system below the grid", suShow, geodeticRows},
+    {1300, rfTree, "the map projection", suShow, projectionRows, nullptr, 0, FindParameterMistake},
 };
 
 /** A kind with what it must hold besides the kind itself. */
@@ -163,27 +207,10 @@ struct TKindRow {
 
 constexpr TKindRow kinds[] = {
     {rstGeodetic, geodeticRows},
+    {rstMapProjected, mapProjectedRows},
 };
 
 // --- The walk ----------------------------------------------------------------------------------------------
-
-/** @return "(1107,0)". */
-std::string Pair(int tag) {
-    return FormatText("(%d,0)", tag);
-}
-
-/** Where a row stands: the subtrees on the way from the root. */
-struct TPlace {
-    TStringTree const* tree;
-    std::string path; ///< empty at the root
-
-    /** "the description" or "subtree (1107,0) "datum"". */
-    std::string Name() const { return path.empty() ? "the description" : "subtree " + path; }
-    TPlace Below(TStringTree const* child) const {
-        return {child, path + (path.empty() ? "" : "/") + Pair(child->tag) +
-                           (child->header.empty() ? "" : " " + Quoted(child->header, 40))};
-    }
-};
 
 /** @return whether a field's text has the form of its row. */
 bool IsUsable(TRequirement const& row, std::string const& text) {
@@ -200,6 +227,10 @@ bool IsUsable(TRequirement const& row, std::string const& text) {
         return ParseWholeDouble(text, &number) && number != 0.0;
     case rfShiftForm:
         return ParseWholeInt(text, &whole) && whole >= dstMolodensky && whole <= dstBursaWolfInvRot;
+    case rfProjection:
+        return ParseWholeInt(text, &whole) && IsKnownProjection(whole);
+    case rfSign:
+        return ParseWholeInt(text, &whole) && (whole == 1 || whole == -1);
     case rfText:
     case rfTree:
     case rfTreeOrHere:
@@ -209,7 +240,7 @@ bool IsUsable(TRequirement const& row, std::string const& text) {
 }
 
 /** @return what a field of that form needs. */
-char const* WantedText(TRequirementForm form) {
+std::string WantedText(TRequirementForm form) {
     switch (form) {
     case rfWhole:
         return "a whole number";
@@ -217,6 +248,10 @@ char const* WantedText(TRequirementForm form) {
         return "a number other than 0";
     case rfShiftForm:
         return "1, 2 or 3";
+    case rfProjection:
+        return "a type of " + KnownProjections();
+    case rfSign:
+        return "1 or -1";
     default:
         return "a number";
     }
@@ -229,12 +264,11 @@ std::optional<std::string> FindMistake(TPlace const& place, std::span<TRequireme
 /** @return what is wrong with a field: that it is missing, or its text. */
 std::optional<std::string> FindFieldMistake(TPlace const& place, TRequirement const& row) {
     std::string text;
-    if (!place.tree->GetString(row.tag, 0, &text)) {
-        return ": " + place.Name() + " lacks field " + Pair(row.tag) + ", " + row.meaning;
+    if (!place.tree->GetString(row.tag, row.idx, &text)) {
+        return place.LacksField(row.tag, row.idx, row.meaning);
     }
     if (!IsUsable(row, text)) {
-        return ": " + place.Name() + " has in field " + Pair(row.tag) + ", " + row.meaning + ", the text " +
-               Quoted(text, 40) + " where " + WantedText(row.form) + " is needed";
+        return place.HasWrongText(row.tag, row.idx, row.meaning, text, WantedText(row.form));
     }
     return std::nullopt;
 }
@@ -242,7 +276,9 @@ std::optional<std::string> FindFieldMistake(TPlace const& place, TRequirement co
 /** @return what is wrong with a subtree: that it is missing, or something inside. */
 std::optional<std::string> FindTreeMistake(TPlace const& place, TRequirement const& row, TSystemUse use) {
     if (TStringTree const* const child = place.tree->FindSubtree(row.tag, 0)) {
-        return FindMistake(place.Below(child), row.inside, use);
+        TPlace const below = place.Below(child);
+        std::optional<std::string> const mistake = FindMistake(below, row.inside, use);
+        return mistake || !row.more ? mistake : row.more(below);
     }
     if (row.form == rfTreeOrHere) {
         bool const standsHere =
@@ -253,7 +289,7 @@ std::optional<std::string> FindTreeMistake(TPlace const& place, TRequirement con
             return FindMistake(place, row.inside, use);
         }
     }
-    return ": " + place.Name() + " lacks subtree " + Pair(row.tag) + ", " + row.meaning;
+    return place.LacksTree(row.tag, row.meaning);
 }
 
 std::optional<std::string> FindMistake(TPlace const& place, std::span<TRequirement const> rows,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tools/vellari/DescriptionPlace.h"
 #include "tools/vellari/SystemLoader.h"
 
 #include <Vellari/Vellari.h>
@@ -20,6 +21,8 @@ enum TRequirementForm : int {
     rfShiftForm = 5,     ///< a field with 1, 2 or 3; with another form there is no shift at all
     rfTree = 6,          ///< a subtree that meets requirements of its own
     rfTreeOrHere = 7,    ///< the same, or its fields stand directly here
+    rfProjection = 8,    ///< a field with the number of a projection
+    rfSign = 9,          ///< a field with 1 or -1
 };
 
 /** One row: what a tree must hold. Rows of a kind are in the order in which they are looked for. */
@@ -30,6 +33,8 @@ struct TRequirement {
     TSystemUse use = suShow; ///< `suTransform`: the system builds without it and can't be used
     std::span<TRequirement const> inside = {};
     bool (*applies)(KvRefSystem::TStringTree const& tree) = nullptr; ///< null: always
+    int idx = 0;
+    std::optional<std::string> (*more)(TPlace const& subtree) = nullptr; ///< looked for after `inside`
 };
 
 /** @return what a description of that kind must hold; empty for a kind without a table. */

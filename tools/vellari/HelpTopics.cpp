@@ -38,14 +38,24 @@ Lines that fail are reported on standard error with number, text and reason,
 the first 20 one by one, and counted at the end; the exit status is then 1.
 
   printf '55.75,37.62,150\n' | vellari transform pulkovo-1942 wgs-84
+  printf '55.75,37.62,150\n' | vellari transform wgs-84 utm:37N
 
 See also: vellari help points, vellari help systems
 )"},
     {"systems", "how to name a system",
-     R"(A system is an entry of the catalogue (`vellari list`) or a description file.
+     R"(A system is an entry of the catalogue (`vellari list`), a zone or a description
+file. Names of entries and zones may have letters of either case; what is none
+is the path of a file. Write ./NAME for a file that is called like one of them.
 
-The name of an entry may have letters of either case. What is no entry's name is
-the path of a file; write ./NAME for a file that is called like an entry.
+Zones:
+  utm:37N       WGS 84 / UTM zone 37, N or S; easting first; zones 1 to 60
+  gk:7          Pulkovo 1942 / Gauss-Kruger zone 7, of six degrees; gk:7S in the
+                south; northing first; zones 1 to 60
+  gsk:7         GSK-2011 / Gauss-Kruger zone 7, in the same way
+  msk:50:2      MSK, local grid of region 50, zone 2 of three degrees; northing
+                first; msk:50:2:6 with zones of six degrees
+  sk63:C:1      SK-63, block C, zone 1 of three degrees; northing first;
+                sk63:C:1:6 with zones of six degrees
 
 A description file holds the text that `vellari show SYSTEM --as text` prints:
 one field a line, (tag,index)[count]label TAB value; TABs at the beginning of a
@@ -58,12 +68,14 @@ What is missing in a description is reported with tag and subtree.
 )"},
     {"points", "the form of points",
      R"(One point a line: latitude, longitude and height, then any further columns,
-which are carried along as they stand.
+which are carried along as they stand. In a grid the first two are easting and
+northing, in the order that the system has; `vellari show SYSTEM` tells it.
 
   separator   comma, semicolon, TAB or blanks, found by the first point
   header      the first line when neither of its coordinates looks like a
               number; the result then has a header with names and units:
-              latitude_deg,longitude_deg,height_m
+              latitude_deg,longitude_deg,height_m or, in a grid,
+              easting_m,northing_m,height_m
   numbers     decimal point, exponent allowed; the whole field must be a number
   angles      in a system with degrees, minutes and seconds: 55 45 07.2 N,
               55d45m07.2s N, 55°45'07.2"N; with blanks inside the columns need

@@ -44,11 +44,23 @@ bool TPointOperation::Transform(TPoint* point, std::string* reason) const {
         return false;
     }
     if (!std::isfinite(coords[0]) || !std::isfinite(coords[1]) || !std::isfinite(coords[2])) {
-        *reason = FormatText("the transformation gave no finite numbers: %.9g, %.9g, %.9g", coords[0],
-                             coords[1], coords[2]);
+        *reason = ReasonOfInfinity(coords);
         return false;
     }
     return true;
+}
+
+/** @return why a result isn't finite: points beyond a projection's reach are the usual cause. */
+std::string TPointOperation::ReasonOfInfinity(double const* coords) const {
+    if (!source.IsProjected() && !target.IsProjected()) {
+        return FormatText("the transformation gave no finite numbers: %.9g, %.9g, %.9g", coords[0], coords[1],
+                          coords[2]);
+    }
+    std::string const reason = "the point lies outside of the reach of ";
+    if (source.IsProjected() && target.IsProjected()) {
+        return reason + "the two projections";
+    }
+    return reason + (target.IsProjected() ? "the target's projection" : "the source's projection");
 }
 
 /**
@@ -69,6 +81,9 @@ void TPointOperation::TransformWithoutHeight(double* coords) const {
         }
     }
     current->OperateCoords(*target.CoreRefSystem, &point);
+    // The map-projected kind gives no numbers for a point without height.
+    point.ZUndefined = false;
+    point.Z = 0;
     target.CoordsCoreToShell(point, coords);
 }
 

@@ -22,11 +22,12 @@ public:
      * Moves one point in place. A point without a height goes the way of one at height 0 and comes out
      * without one.
      * @param reason receives what went wrong. @return false for a latitude beyond a pole, a failure on the
-     *         way or a result that isn't finite; the point is then in no defined state.
+     *         way or a result that isn't finite, as outside of a projection's reach; the point is then in no defined state.
      */
     bool Transform(TPoint* point, std::string* reason) const;
 
 private:
+    std::string ReasonOfInfinity(double const* coords) const;
     void TransformWithoutHeight(double* coords) const;
 
     KvRefSystem::TShellReferenceSystem const& source;

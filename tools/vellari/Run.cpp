@@ -79,10 +79,10 @@ CLI::Option* AddPrecision(CLI::App* command, std::string const& name, std::optio
 void AddTransform(CLI::App* app, TChoice* choice) {
     CLI::App* const command = app->add_subcommand("transform", "Move points from one system to another");
     TTransformOptions* const options = &choice->transform;
-    command->add_option("SOURCE", options->source, "catalogue entry or description file of the points")
+    command->add_option("SOURCE", options->source, "catalogue entry, zone or description file of the points")
         ->required()
         ->type_name("");
-    command->add_option("TARGET", options->target, "catalogue entry or description file of the result")
+    command->add_option("TARGET", options->target, "catalogue entry, zone or description file of the result")
         ->required()
         ->type_name("");
     command->add_option("POINTS", options->points, "CSV file of points; standard input without it")
@@ -109,7 +109,7 @@ void AddTransform(CLI::App* app, TChoice* choice) {
 /** Adds `show`. */
 void AddShow(CLI::App* app, TChoice* choice) {
     CLI::App* const command = app->add_subcommand("show", "Tell what a system is");
-    command->add_option("SYSTEM", choice->showSystem, "catalogue entry or description file")
+    command->add_option("SYSTEM", choice->showSystem, "catalogue entry, zone or description file")
         ->required()
         ->type_name("");
     command->add_option("--as", choice->showFormat, ShowFormatsText())->type_name("FORMAT");
@@ -119,7 +119,7 @@ void AddShow(CLI::App* app, TChoice* choice) {
 
 /** Adds `list`. */
 void AddList(CLI::App* app, TChoice* choice) {
-    CLI::App* const command = app->add_subcommand("list", "List the catalogue");
+    CLI::App* const command = app->add_subcommand("list", "List the catalogue and the zones");
     command->add_option("PATTERN", choice->listPattern, "part of a name or title, or a pattern with * and ?")
         ->type_name("");
     command->callback([choice] { choice->command = [choice] { return RunList(choice->listPattern); }; });

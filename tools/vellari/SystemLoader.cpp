@@ -4,6 +4,8 @@
 #include "tools/vellari/DescriptionCheck.h"
 #include "tools/vellari/SystemKinds.h"
 #include "tools/vellari/ToolError.h"
+#include "tools/vellari/ZoneDescription.h"
+#include "tools/vellari/ZoneShorthand.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -39,9 +41,13 @@ private:
     int file;
 };
 
-/** Names the entries that may have been meant. */
+/** Names the entries or the zones that may have been meant. */
 [[noreturn]] void FailNoSuchSystem(std::string const& nameOrPath) {
     std::string message = Quoted(nameOrPath) + " is neither a description file nor an entry of the catalogue";
+    std::string const zones = SuggestZoneShorthand(nameOrPath);
+    if (!zones.empty()) {
+        throw TToolError(message + "; " + zones);
+    }
     std::vector<std::string> const similar = SimilarCatalogEntries(nameOrPath);
     for (std::size_t i = 0; i < similar.size(); ++i) {
         message += (i == 0 ? "; similar entries: " : ", ") + similar[i];
@@ -128,6 +134,9 @@ TLoadedSystem BuildSystem(std::string const& name, std::string text, TSystemUse 
 TLoadedSystem LoadSystem(std::string const& nameOrPath, TSystemUse use) {
     if (EmbeddedFile const* const entry = FindCatalogEntry(nameOrPath)) {
         return BuildSystem(std::string(entry->name), std::string(entry->text), use);
+    }
+    if (IsZoneShorthand(nameOrPath)) {
+        return BuildSystem(nameOrPath, DescribeZone(ParseZoneShorthand(nameOrPath)), use);
     }
     return BuildSystem(nameOrPath, ReadDescription(nameOrPath), use);
 }

@@ -9,7 +9,7 @@ namespace VellariTool {
 
 /** A system with the description that it came from. */
 struct TLoadedSystem {
-    std::string name; ///< entry or file, as messages call it
+    std::string name; ///< entry, shorthand or file, as messages call it
     std::string text; ///< description text, byte for byte
     std::unique_ptr<KvRefSystem::TShellReferenceSystem> system;
 };
@@ -21,8 +21,9 @@ enum TSystemUse : int {
 };
 
 /**
- * Loads a system: an entry of the catalogue, or else a description file.
- * @param nameOrPath name of an entry, letters of either case, or a path; a path with a "/" is never an entry.
+ * Loads a system: an entry of the catalogue, a zone by its shorthand, or else a description file.
+ * @param nameOrPath name of an entry or a shorthand, letters of either case, or a path; a path with a "/" is
+ *        neither of the first two.
  * @throws TToolError with one line that tells file, tag and what is missing, or what similar entries there
  *         are.
  */

@@ -1,5 +1,7 @@
 #include "tools/vellari/SystemSummary.h"
 
+#include "tools/vellari/AxisText.h"
+#include "tools/vellari/ProjectionNames.h"
 #include "tools/vellari/SystemKinds.h"
 
 namespace VellariTool {
@@ -45,6 +47,21 @@ std::string UnitSign(TShellUnit const* unit) {
         return "";
     }
     return " " + (unit->Abbreviation.empty() ? unit->Name : unit->Abbreviation);
+}
+
+/** @return the projection's unit of that kind, or null. */
+TShellUnit const* UnitOf(TShellMapProjection const& projection, TShellUnitType kind) {
+    switch (kind) {
+    case utNone:
+        break;
+    case utLinear:
+        return projection.LinearUnit;
+    case utAngular:
+        return projection.AngularUnit;
+    case utScale:
+        return projection.ScaleUnit;
+    }
+    return nullptr;
 }
 
 /** Seven texts with their units, as the description has them. */
@@ -113,17 +130,41 @@ void AddEllipsoid(TFacts* facts, TShellReferenceSystem const& system) {
     }
 }
 
-/** Adds the codes of registers. */
-void AddCodes(TFacts* facts, TShellReferenceSystem const& system) {
+/** Adds the codes of registers. @param earth system whose datum counts; `system` itself or its base. */
+void AddCodes(TFacts* facts, TShellReferenceSystem const& system, TShellReferenceSystem const& earth) {
     facts->Add("EPSG code", system.GeoTIFFCode);
-    facts->Add("EPSG code of datum", system.DatumGeoTIFFCode);
-    if (system.Ellipsoid && system.Ellipsoid->GeoTIFFCode != 0) {
-        facts->Add("EPSG of ellipsoid", FormatText("%d", system.Ellipsoid->GeoTIFFCode));
+    facts->Add("EPSG of base system", &earth == &system ? "" : earth.GeoTIFFCode);
+    facts->Add("EPSG code of datum", earth.DatumGeoTIFFCode);
+    if (earth.Ellipsoid && earth.Ellipsoid->GeoTIFFCode != 0) {
+        facts->Add("EPSG of ellipsoid", FormatText("%d", earth.Ellipsoid->GeoTIFFCode));
     }
-    if (system.PrimeMeridian && system.PrimeMeridian->GeoTIFFCode != 0) {
-        facts->Add("EPSG of meridian", FormatText("%d", system.PrimeMeridian->GeoTIFFCode));
+    if (earth.PrimeMeridian && earth.PrimeMeridian->GeoTIFFCode != 0) {
+        facts->Add("EPSG of meridian", FormatText("%d", earth.PrimeMeridian->GeoTIFFCode));
     }
     facts->Add("Panorama code", system.PanoramaCode);
+}
+
+/** Adds the projection with its parameters as the description has them, and the base system. */
+void AddProjection(TFacts* facts, TLoadedSystem const& loaded,
+                   TShellMapProjectedReferenceSystem const& grid) {
+    facts->Add("order of axes",
+               AxisNameOf(grid, 0) + ", " + AxisNameOf(grid, 1) + ", " + AxisNameOf(grid, 2));
+    TShellMapProjection const& projection = *grid.MapProjection;
+    facts->Add("projection",
+               grid.GetMapProjectionName().empty() ? "without a name" : grid.GetMapProjectionName());
+    facts->Add("  method", ProjectionMethodName(projection.Type));
+    TStringTree tree;
+    tree.ReadFromString(loaded.text.c_str(), nullptr, nullptr);
+    TStringTree const* const fields = tree.FindSubtree(1300, 0);
+    for (TMapProjectionParameter const& parameter : GetMapProjectionParameters(projection.Type)) {
+        std::string value;
+        if (fields && fields->GetString(parameter.Key, 0, &value)) {
+            facts->Add("  parameter", ParameterName(parameter) + ": " + value +
+                                          UnitSign(UnitOf(projection, parameter.Unit)));
+        }
+    }
+    facts->Add("base system", grid.BaseGeodetic->Name);
+    facts->Add("  description", grid.BaseGeodetic->Description);
 }
 
 /** What a description may carry beyond its geometry. */
@@ -154,21 +195,28 @@ std::string SummaryOf(TLoadedSystem const& loaded) {
         axes += (axes.empty() || axis.empty() ? "" : ", ") + axis;
     }
     facts.Add("axes", axes);
+    auto const* const grid = dynamic_cast<TShellMapProjectedReferenceSystem const*>(&system);
+    TShellReferenceSystem const& earth = grid ? *grid->BaseGeodetic : system;
     if (auto const* const geodetic = dynamic_cast<TShellGeodeticReferenceSystem const*>(&system)) {
         facts.Add("angular unit", UnitText(geodetic->AngularUnit));
         facts.Add("height unit", UnitText(geodetic->Vertical ? geodetic->Vertical->HeightUnit : nullptr));
         facts.Add("longitudes", geodetic->PositiveLongitude ? "reported as positive numbers" : "");
-    } else {
+    } else if (!grid) {
         facts.Add("plane unit", system.GetPlaneUnitName());
         facts.Add("height unit", system.GetHeightUnitName());
+    } else {
+        TShellVerticalReferenceSystem const* const vertical = grid->BaseGeodetic->Vertical;
+        facts.Add("plane unit", UnitText(grid->LinearUnit));
+        facts.Add("height unit", UnitText(vertical ? vertical->HeightUnit : nullptr));
+        AddProjection(&facts, loaded, *grid);
     }
-    AddDatum(&facts, system);
-    AddEllipsoid(&facts, system);
-    if (TShellPrimeMeridian const* const meridian = system.PrimeMeridian) {
+    AddDatum(&facts, earth);
+    AddEllipsoid(&facts, earth);
+    if (TShellPrimeMeridian const* const meridian = earth.PrimeMeridian) {
         facts.Add("prime meridian", meridian->Name);
         facts.Add("  longitude", meridian->Longitude + UnitSign(meridian->AngularUnit));
     }
-    AddCodes(&facts, system);
+    AddCodes(&facts, system, earth);
     AddExtras(&facts, system);
     return facts.Text();
 }

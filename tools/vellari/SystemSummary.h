@@ -7,8 +7,8 @@
 namespace VellariTool {
 
 /**
- * @return what a system is, one fact a line: names, units, axes, datum, ellipsoid, meridian, codes,
- *         corrections.
+ * @return what a system is, one fact a line: names, units, axes, projection, datum, ellipsoid, meridian,
+ *         codes, corrections.
  */
 std::string SummaryOf(TLoadedSystem const& loaded);
 

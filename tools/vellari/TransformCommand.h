@@ -21,8 +21,8 @@ enum THeaderMode : int {
 };
 
 struct TTransformOptions {
-    std::string source; ///< entry or file
-    std::string target; ///< entry or file
+    std::string source; ///< entry, zone or file
+    std::string target; ///< entry, zone or file
     std::string points; ///< file; empty or "-": standard input
     std::string output; ///< file; empty or "-": standard output
     TPrecision precision;
