@@ -6,10 +6,18 @@
 namespace {
 
 thread_local std::size_t count = 0;
+thread_local int failing = 0; ///< the allocation by a nothrow form that fails, counted from 1
 
 void* Counted(std::size_t size) noexcept {
     ++count;
     return std::malloc(size == 0 ? 1 : size);
+}
+
+void* CountedNothrow(std::size_t size) noexcept {
+    if (failing > 0 && --failing == 0) {
+        return nullptr;
+    }
+    return Counted(size);
 }
 
 void* CountedOrThrow(std::size_t size) {
@@ -27,6 +35,10 @@ std::size_t AllocationCount() {
     return count;
 }
 
+void FailNothrowAllocation(int which) {
+    failing = which;
+}
+
 } // namespace KvRefSystemTests
 
 // Replaces the process's allocation, every form of it: under a sanitizer a form that is left out would be the
@@ -40,11 +52,11 @@ void* operator new[](std::size_t size) {
 }
 
 void* operator new(std::size_t size, std::nothrow_t const&) noexcept {
-    return Counted(size);
+    return CountedNothrow(size);
 }
 
 void* operator new[](std::size_t size, std::nothrow_t const&) noexcept {
-    return Counted(size);
+    return CountedNothrow(size);
 }
 
 void operator delete(void* memory) noexcept {

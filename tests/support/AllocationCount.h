@@ -7,4 +7,10 @@ namespace KvRefSystemTests {
 /** @return how often this thread has called `operator new` so far, from any library of the process. */
 std::size_t AllocationCount();
 
+/**
+ * Lets one of this thread's coming allocations by a nothrow form give null.
+ * @param which counted from 1; 0: none.
+ */
+void FailNothrowAllocation(int which);
+
 } // namespace KvRefSystemTests

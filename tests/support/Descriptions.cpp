@@ -35,6 +35,25 @@ void FillShift(TStringTree* tree, TGeodeticText const& text) {
     }
 }
 
+void FillMeridian(TStringTree* tree, TGeodeticText const& text) {
+    SetField(tree, 5220, "Meridian");
+    SetField(tree, 5221, "");
+    SetField(tree, 5210, text.meridian);
+    FillUnit(Child(tree, 5211), text.meridianUnit);
+}
+
+/** The datum, or the ellipsoid without one. */
+void FillDatum(TStringTree* tree, TGeodeticText const& text) {
+    if (text.shiftType == 0) {
+        FillEllipsoid(Child(tree, 1103), text);
+        return;
+    }
+    TStringTree* const datum = Child(tree, 1107);
+    SetField(datum, 5620, text.datumName);
+    FillShift(Child(datum, 1102), text);
+    FillEllipsoid(Child(datum, 5610), text);
+}
+
 } // namespace
 
 TUnitText Metre() {
@@ -65,6 +84,10 @@ TUnitText PartsPerMillion() {
     return {0, 3, "1", "1000000", "parts per million", "ppm"};
 }
 
+TUnitText Unity() {
+    return {0, 3, "1", "1", "unity", "1"};
+}
+
 TUnitText HemisphereDegree() {
     return {8, 2, "3.14159265358979312", "180", "degree minute second hemisphere", "dms"};
 }
@@ -84,6 +107,22 @@ TGeodeticText Pulkovo1942() {
     text.shiftType = 3;
     std::string const numbers[7] = {"23.57", "-140.95", "-79.8", "0", "-0.35", "-0.79", "-0.22"};
     std::copy(std::begin(numbers), std::end(numbers), text.shift);
+    return text;
+}
+
+TProjectedText UtmZone(int zone, char hemisphere) {
+    TProjectedText text;
+    text.name = KvRefSystem::FormatText("UTM %d", zone) + hemisphere;
+    text.type = 1002;
+    text.parameters = {{6201, KvRefSystem::FormatText("%d", zone)}, {6202, std::string(1, hemisphere)}};
+    return text;
+}
+
+TProjectedText TransverseMercator(std::string const& meridian, std::string const& scale,
+                                  std::string const& falseEasting) {
+    TProjectedText text;
+    text.type = 1;
+    text.parameters = {{6101, meridian}, {6102, "0"}, {6103, scale}, {6104, falseEasting}, {6105, "0"}};
     return text;
 }
 
@@ -111,21 +150,38 @@ void FillGeodetic(TStringTree* tree, TGeodeticText const& text) {
     SetField(tree, 1020, text.name);
     SetField(tree, 1021, text.description);
     SetField(tree, 1100, "4");
-    TStringTree* const meridian = Child(tree, 1101);
-    SetField(meridian, 5220, "Meridian");
-    SetField(meridian, 5221, "");
-    SetField(meridian, 5210, text.meridian);
-    FillUnit(Child(meridian, 5211), text.meridianUnit);
+    FillMeridian(Child(tree, 1101), text);
     FillUnit(Child(tree, 1106), text.angularUnit);
     FillUnit(Child(Child(tree, 1201), 1104), text.heightUnit);
-    if (text.shiftType == 0) {
-        FillEllipsoid(Child(tree, 1103), text);
-        return;
+    FillDatum(tree, text);
+}
+
+void FillProjection(TStringTree* tree, TProjectedText const& text) {
+    SetField(tree, 6001, KvRefSystem::FormatText("%d", text.type));
+    SetField(tree, 6020, text.projectionName);
+    FillUnit(Child(tree, 6091), text.projectionLinearUnit);
+    FillUnit(Child(tree, 6090), text.projectionAngularUnit);
+    FillUnit(Child(tree, 6092), text.projectionScaleUnit);
+    for (auto const& [tag, value] : text.parameters) {
+        SetField(tree, tag, value);
     }
-    TStringTree* const datum = Child(tree, 1107);
-    SetField(datum, 5620, text.datumName);
-    FillShift(Child(datum, 1102), text);
-    FillEllipsoid(Child(datum, 5610), text);
+}
+
+void FillProjected(TStringTree* tree, TProjectedText const& text) {
+    SetField(tree, 1020, text.name);
+    SetField(tree, 1021, text.description);
+    SetField(tree, 1100, "5");
+    TStringTree* const projection = Child(tree, 1300);
+    FillProjection(projection, text);
+    SetField(projection, 1400, KvRefSystem::FormatText("%d", text.flip));
+    SetField(projection, 1401, KvRefSystem::FormatText("%d", text.firstSign), 0);
+    SetField(projection, 1401, KvRefSystem::FormatText("%d", text.secondSign), 1);
+    FillUnit(Child(tree, 1104), text.linearUnit);
+    FillGeodetic(Child(tree, 1121), text.base);
+    if (text.datumAtRoot) {
+        FillMeridian(Child(tree, 1101), text.base);
+        FillDatum(tree, text.base);
+    }
 }
 
 void AddPlaneShift(TStringTree* tree, double shiftX, double shiftY) {
@@ -148,6 +204,12 @@ std::string TextOf(TStringTree const& tree) {
 std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TGeodeticText const& text) {
     TStringTree tree;
     FillGeodetic(&tree, text);
+    return Create(&tree);
+}
+
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TProjectedText const& text) {
+    TStringTree tree;
+    FillProjected(&tree, text);
     return Create(&tree);
 }
 

@@ -4,6 +4,8 @@
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace KvRefSystem {
 class TShellReferenceSystem;
@@ -32,6 +34,8 @@ TUnitText Grad();
 TUnitText Radian();
 TUnitText ArcSecond();
 TUnitText PartsPerMillion();
+/** A plain factor. */
+TUnitText Unity();
 /** Degrees, minutes, seconds and a hemisphere letter. */
 TUnitText HemisphereDegree();
 
@@ -57,6 +61,31 @@ TGeodeticText WithZeroShift();
 /** Pulkovo 1942 with the parameters of GOST R 51794-2008. */
 TGeodeticText Pulkovo1942();
 
+/** Texts of a map-projected description; the defaults are WGS 84 without a datum, metres, no flip. */
+struct TProjectedText {
+    std::string name = "Test projection";
+    std::string description = "";
+    TGeodeticText base;                                  ///< the primary system
+    int type = 1;                                        ///< of the projection
+    std::vector<std::pair<int, std::string>> parameters; ///< tags and texts of the projection
+    std::string projectionName = "Test method";
+    TUnitText projectionLinearUnit = Metre();
+    TUnitText projectionAngularUnit = Degree();
+    TUnitText projectionScaleUnit = Unity();
+    TUnitText linearUnit = Metre(); ///< of the two plane coordinates
+    int flip = 0;
+    int firstSign = 1;
+    int secondSign = 1;
+    bool datumAtRoot = false; ///< the base's meridian and datum stand at the root as well
+};
+
+/** A zone of UTM. @param hemisphere 'N' or 'S'. */
+TProjectedText UtmZone(int zone, char hemisphere);
+
+/** Transverse Mercator from the equator. @param meridian degrees. @param falseEasting metres. */
+TProjectedText TransverseMercator(std::string const& meridian, std::string const& scale,
+                                  std::string const& falseEasting);
+
 /** The child (tag, idx), made if it isn't there. */
 TStringTree* Child(TStringTree* tree, int tag, int idx = 0, std::string const& header = "subtree");
 
@@ -65,6 +94,9 @@ void SetField(TStringTree* tree, int tag, std::string const& value, int idx = 0)
 
 void FillUnit(TStringTree* tree, TUnitText const& unit);
 void FillGeodetic(TStringTree* tree, TGeodeticText const& text);
+/** Fills the subtree of a projection, without the placement of the axes. */
+void FillProjection(TStringTree* tree, TProjectedText const& text);
+void FillProjected(TStringTree* tree, TProjectedText const& text);
 
 /**
  * A description of one plane affine record under the own chain (tag 1108): x' = x + shiftX, y' = y + shiftY
@@ -77,6 +109,7 @@ std::string TextOf(TStringTree const& tree);
 
 /** The system of a description; null when the factory gives null. */
 std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TGeodeticText const& text);
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TProjectedText const& text);
 std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TStringTree* tree);
 
 /** The whole text of a file of the repository. */
