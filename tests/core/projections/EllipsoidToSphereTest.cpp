@@ -3,11 +3,12 @@
 #include "tests/core/projections/TransverseChecks.h"
 
 #include <cstddef>
+#include <random>
 #include <type_traits>
 
 namespace {
 
-using namespace TransverseChecks;
+using namespace ProjectionChecks;
 using Mapping = KvRefSystem::TEllipsoidToSphereMollweideProjection;
 
 // Hosts are compiled against this layout.
@@ -173,6 +174,22 @@ TEST(EllipsoidToSphere, OutputsMayBeTheInputsVariables) {
         (mapping.*operation)(first, second, &second, &first);
         EXPECT_EQ(second, latitude);
         EXPECT_EQ(first, longitude);
+    }
+}
+
+TEST(EllipsoidToSphere, DrawnPlacesComeBack) {
+    Mapping const mapping = AtEquator();
+    std::mt19937_64 generator(1518);
+    std::uniform_real_distribution<double> drawn(-1, 1);
+    for (int place = 0; place < 5000; ++place) {
+        double const phi = drawn(generator) * Pi / 2;
+        double const lambda = drawn(generator) * Pi;
+        double latitude = phi;
+        double longitude = lambda;
+        mapping.EllipsoidToSphere(latitude, longitude, &latitude, &longitude);
+        mapping.SphereToEllipsoid(latitude, longitude, &latitude, &longitude);
+        EXPECT_NEAR(latitude, phi, 8e-12);
+        EXPECT_EQ(longitude, lambda);
     }
 }
 

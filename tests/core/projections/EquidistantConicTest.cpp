@@ -1,12 +1,11 @@
 #include "core/projections/EquidistantConic.h"
 
-#include "tests/core/projections/ConeAndCylinderChecks.h"
+#include "tests/core/projections/ProjectionChecks.h"
 
-#include <memory>
 #include <type_traits>
 
 using namespace KvRefSystem;
-using namespace KvRefSystemTests::ConeAndCylinder;
+using namespace ProjectionChecks;
 
 namespace {
 
@@ -85,8 +84,9 @@ TEST(EquidistantConic, BeyondARightAngleLongitudeComesBackHalfATurnOfTheConeOff)
 }
 
 TEST(EquidistantConic, ComesBackWithinARightAngleOfTheCone) {
-    EXPECT_LT(GreatestRoundTripError(TEquidistant(&Wgs84, &wide), {-60, 89, 0, 127}), SeriesEnd);
-    EXPECT_LT(GreatestRoundTripError(TEquidistant(&Sphere, &wide), {-60, 89, 0, 127}), 1e-7);
+    EXPECT_LT(GreatestRoundTripError(TEquidistant(&Wgs84, &wide), AroundMeridian(-60, 89, 0, 127)),
+              SeriesEnd);
+    EXPECT_LT(GreatestRoundTripError(TEquidistant(&Sphere, &wide), AroundMeridian(-60, 89, 0, 127)), 1e-7);
 }
 
 TEST(EquidistantConic, SouthernConeComesBack) {
@@ -94,7 +94,7 @@ TEST(EquidistantConic, SouthernConeComesBack) {
     TCoords const plane = Project(projection, -33, 151);
     ExpectNear(plane, 1572704.212524058531, -770777.919790977617, Computed);
     ExpectNear(Unproject(projection, plane.X, plane.Y), 151 * Degree, -33 * Degree, SeriesEndAngle);
-    EXPECT_LT(GreatestRoundTripError(projection, {-89, 60, 134, 180}), SeriesEnd);
+    EXPECT_LT(GreatestRoundTripError(projection, AroundMeridian(-89, 60, 134, 180)), SeriesEnd);
 }
 
 TEST(EquidistantConic, ApexHasNoLongitude) {
@@ -122,33 +122,21 @@ TEST(EquidistantConic, LatitudeBeyondThePoleEndsAtThePole) {
 }
 
 TEST(EquidistantConic, EqualityComparesTheSixNumbersAndNotTheEllipsoid) {
-    EXPECT_TRUE(TEquidistant(&Wgs84, &states) == TEquidistant(&Sphere, &states));
-    ExpectEveryFieldToCount<TEquidistant>(
-        states, {&TParameters::FirstStandardParallel, &TParameters::SecondStandardParallel,
-                 &TParameters::LatitudeOfOrigin, &TParameters::LongitudeOfOrigin, &TParameters::FalseEasting,
-                 &TParameters::FalseNorthing});
+    ExpectEqualityOfRecords<TEquidistant>(states);
 }
 
 TEST(EquidistantConic, CopyOutlivesItsSource) {
-    auto source = std::make_unique<TEquidistant>(&Wgs84, &states);
-    TEquidistant const copy(*source);
-    EXPECT_NE(copy.Parameters, source->Parameters);
-    EXPECT_TRUE(copy == *source);
-    source.reset();
-    ExpectSameResults(copy, TEquidistant(&Wgs84, &states));
+    ExpectCopiesToStandAlone<TEquidistant>(Wgs84, states);
 }
 
 TEST(EquidistantConic, NullRecordLeavesAnEmptyObject) {
-    TEquidistant const empty(&Wgs84, nullptr);
-    EXPECT_EQ(empty.Parameters, nullptr);
-    EXPECT_TRUE(empty == TEquidistant(empty));
-    EXPECT_FALSE(empty == TEquidistant(&Wgs84, &states));
+    ExpectNullRecordToLeaveAnEmptyObject<TEquidistant>(states);
 }
 
 TEST(EquidistantConic, SurvivesAllNumbersWithoutAllocating) {
-    ExpectToSurviveAllNumbers(TEquidistant(&Wgs84, &states));
-    ExpectToSurviveAllNumbers(TEquidistant(&Wgs84, &australia));
-    ExpectToSurviveAllNumbers(TEquidistant(&Sphere, &states));
+    ExpectToTakeAnyNumber(TEquidistant(&Wgs84, &states));
+    ExpectToTakeAnyNumber(TEquidistant(&Wgs84, &australia));
+    ExpectToTakeAnyNumber(TEquidistant(&Sphere, &states));
 }
 
 } // namespace

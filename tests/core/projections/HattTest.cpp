@@ -1,10 +1,10 @@
 #include "core/projections/Hatt.h"
 
-#include "tests/core/projections/PlaneChecks.h"
+#include "tests/core/projections/ProjectionChecks.h"
 
 namespace {
 
-using namespace PlaneChecks;
+using namespace ProjectionChecks;
 using KvRefSystem::THattMapProjection;
 using Record = KvRefSystem::THattMapProjectionParameters;
 
@@ -32,16 +32,17 @@ TEST(Hatt, ReverseSumsItsSeries) {
 TEST(Hatt, RoundTripsCloseToTheOrderOfTheSeries) {
     for (double const latitude : {-60.0, 0.0, 38.0}) {
         THattMapProjection const projection = Around(latitude, 23.5);
-        EXPECT_LT(GreatestRoundTrip(projection, {latitude - 0.25, latitude + 0.25, 23.25, 23.75}), 0.0022);
-        EXPECT_LT(GreatestRoundTrip(projection, {latitude - 0.5, latitude + 0.5, 23, 24}), 0.018);
+        EXPECT_LT(GreatestRoundTripError(projection, {latitude - 0.25, latitude + 0.25, 23.25, 23.75}),
+                  0.0022);
+        EXPECT_LT(GreatestRoundTripError(projection, {latitude - 0.5, latitude + 0.5, 23, 24}), 0.018);
     }
 }
 
 TEST(Hatt, ReverseLeavesMillimetresOnTheEllipsoidAndThatIsMeant) {
     // The ellipsoid's share of the latitude's x2 y and y3 terms is kept as it is; on a sphere there is none.
     TRegion const sheet = {-0.25, 0.25, 23.25, 23.75};
-    EXPECT_GT(GreatestRoundTrip(Around(0, 23.5), sheet), 1e-3);
-    EXPECT_LT(GreatestRoundTrip(Around(0, 23.5, {6371007, 6371007}), sheet), 1e-6);
+    EXPECT_GT(GreatestRoundTripError(Around(0, 23.5), sheet), 1e-3);
+    EXPECT_LT(GreatestRoundTripError(Around(0, 23.5, Sphere), sheet), 1e-6);
 }
 
 TEST(Hatt, OriginIsZeroWithoutFalseValues) {
@@ -61,11 +62,11 @@ TEST(Hatt, FieldsStandInTheirStoredOrder) {
 }
 
 TEST(Hatt, EqualityComparesTheWholeRecordAndNotTheEllipsoid) {
-    ExpectEqualityOfRecords<THattMapProjection, Record>(Fields);
+    ExpectEqualityOfRecords<THattMapProjection>(RecordOf<Record>(Fields));
 }
 
 TEST(Hatt, CopiesStandAlone) {
-    ExpectCopiesToStandAlone<THattMapProjection, Record>(Fields, 34.5, 23);
+    ExpectCopiesToStandAlone<THattMapProjection>(Wgs84, RecordOf<Record>(Fields), 34.5, 23);
 }
 
 TEST(Hatt, TakesAnyNumber) {
