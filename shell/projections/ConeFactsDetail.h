@@ -37,6 +37,7 @@ struct TFactsOf<TShellAlbersEqualAreaConicMapProjection> {
         .Build =
             BuildCore<TAlbersEqualAreaConicMapProjection, TAlbersEqualAreaConicMapProjectionParameters, 6>,
         .XmlRead = {{
+            // Kept: by the keys of a false origin, unlike the tree and GeoTIFF.
             {"LongitudeOfFalseOrigin", Tag::LongitudeOfOrigin},
             {"LatitudeOfFalseOrigin", Tag::LatitudeOfOrigin},
             {"LatitudeOfFirstStandardParallel", Tag::FirstStandardParallel},
@@ -93,6 +94,7 @@ inline constexpr TRows<TNamed> LambertXmlWritten = {{
     {"NorthingAtFalseOrigin", Tag::NorthingAtFalseOrigin},
 }};
 
+/** Kept: the lengths at the false origin go under the keys of a plain false easting and northing. */
 inline constexpr TRows<TGeoNumber> LambertGeo = {{
     {GeoKey::FalseOriginLatitude, Tag::LatitudeOfFalseOrigin},
     {GeoKey::FalseOriginLongitude, Tag::LongitudeOfFalseOrigin},

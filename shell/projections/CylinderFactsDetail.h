@@ -59,6 +59,7 @@ struct TFactsOf<TShellTransverseMercatorMapProjection> {
         }},
         .MifDecimals = ParameterText::FineMifDecimals,
         .Geo = {{
+            // Kept: the longitude under the centre's key; readers of these files take it from there.
             {GeoKey::NaturalOriginLatitude, Tag::LatitudeOfOrigin},
             {GeoKey::CentreLongitude, Tag::LongitudeOfOrigin},
             {GeoKey::ScaleAtNaturalOrigin, Tag::ScaleFactorAtOrigin},
@@ -140,6 +141,7 @@ struct TFactsOf<TShellHotineObliqueMercatorMapProjection> {
             {"FalseNorthing", Tag::FalseNorthing},
         }},
         .Mif = {{
+            // Kept: without the angle to the skew grid.
             {Tag::LongitudeOfProjectionCentre, ShortDigits},
             {Tag::LatitudeOfProjectionCentre, ShortDigits},
             {Tag::AzimuthOfInitialLine, ShortDigits},

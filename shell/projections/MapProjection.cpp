@@ -43,7 +43,7 @@ TShellMapProjection::TShellMapProjection(TStringTree* tree) {
     } catch (std::bad_alloc const&) {
         FreeUnits();
         throw;
-    } catch (std::exception const&) {
+    } catch (...) {
         FreeUnits();
         throw std::runtime_error(
             "TShellMapProjection::TShellMapProjection(LumCommonUtils::TStringTree *tree)");

@@ -59,8 +59,9 @@ public:
     virtual bool ExportToMIFMID(TShellLinearUnit* outputUnit, std::string* text) const;
 
     /**
-     * Reads the object; it is reset first. The base reads type, units and codes, not the name.
-     * @return false on a failure.
+     * Reads the object; it is reset first. The base reads type, units and codes, not the name. Kept: the type
+     * needn't be that of the class.
+     * @return false on a failure; only another `LoadFromXML` makes sense then.
      */
     virtual bool LoadFromXML(TKvXIniReader* reader);
 
@@ -80,10 +81,11 @@ public:
                                               TShellLinearUnit const* linearUnit) const = 0;
 
     /**
-     * Writes the geokeys of the projection: its code alone, or method, parameters and the linear unit.
+     * Writes the geokeys of the projection: its code alone, or method, parameters and the linear unit. Kept:
+     * code and method (3074, 3075) replace entries that exist, all the others don't.
      * @param angularUnit, linearUnit of the written texts.
      * @return false without code and method (the unit's keys are written all the same), or when the
-     *         parameters have no such form.
+     *         parameters have no such form; without the linear unit, too, unless there is a code.
      */
     bool ExportToGeoTIFF(std::map<int, std::string>* keys, TShellAngularUnit const* angularUnit,
                          TShellLinearUnit const* linearUnit) const;

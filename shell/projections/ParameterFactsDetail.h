@@ -12,9 +12,13 @@
 #pragma GCC visibility push(hidden)
 
 /**
- * What tells one projection shell with free parameters from another: the types of its facts, and the functions
- * that work on any of them. The facts themselves are the tables in CylinderFactsDetail.h, ConeFactsDetail.h and
- * AzimuthalFactsDetail.h; a parameter is always named by the tag of its field in the tree.
+ * What tells one projection shell with free parameters from another: the types of its facts, and the
+ * functions that work on any of them. The facts themselves are the tables in CylinderFactsDetail.h,
+ * ConeFactsDetail.h and AzimuthalFactsDetail.h; a parameter is always named by the tag of its field in the
+ * tree.
+ *
+ * Kept: digits, decimals, keys and names differ between classes that look alike, and between the forms of one
+ * class. Files with each of them exist: they aren't to be evened out.
  */
 namespace KvRefSystem::ParameterFacts {
 
@@ -103,7 +107,7 @@ struct TProjectionFacts {
     TMember<TPole> Pole = {};
     TRows<int> Record = {}; ///< in the order of the core's record
     TCoreBuilder Build = {};
-    bool NeedsEllipsoid = true;
+    bool NeedsEllipsoid = true; ///< whether there is no core without one
     TXmlForm Xml = TXmlForm::Own;
     TRows<TNamed> XmlRead = {};
     TRows<TNamed> XmlWritten = {}; ///< only where it differs from reading
@@ -153,7 +157,7 @@ constexpr bool NamesParameters(TProjectionFacts const& facts, TRows<Row> const& 
     return true;
 }
 
-/** @return whether the rows of a class agree with each other: a slip in a table doesn't compile. */
+/** @return whether the rows of a class agree with each other; if they don't, it doesn't compile. */
 constexpr bool AreConsistent(TProjectionFacts const& facts) {
     bool hasPole = false;
     for (TField const& field : Filled(facts.Fields)) {
@@ -165,7 +169,8 @@ constexpr bool AreConsistent(TProjectionFacts const& facts) {
     std::size_t const numbers = Filled(facts.Record).size() - (hasPole ? 1 : 0);
     return facts.Type != 0 && facts.ClassName && facts.Build.Count == numbers && numbers > 0 &&
            hasPole == facts.Pole.Exists && (facts.Xml == TXmlForm::Own) == !Filled(facts.XmlRead).empty() &&
-           (facts.WktName != nullptr) == !Filled(facts.Wkt).empty() && NamesParameters(facts, facts.Record) &&
+           (facts.WktName != nullptr) == !Filled(facts.Wkt).empty() &&
+           (facts.MifDecimals != 0) == !Filled(facts.Mif).empty() && NamesParameters(facts, facts.Record) &&
            NamesParameters(facts, facts.XmlRead) && NamesParameters(facts, facts.XmlWritten) &&
            NamesParameters(facts, facts.Wkt) && NamesParameters(facts, facts.Mif) &&
            NamesParameters(facts, facts.Geo);

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <stdexcept>
+#include <string_view>
 
 namespace KvRefSystem::ParameterText {
 
@@ -23,9 +24,10 @@ TShellUnit const& Required(TShellUnit const* unit) {
     return *unit;
 }
 
-/** The units let an empty text pass; a projection's parameter must be there. */
+/** The units let an empty text pass, and read as far as a null character; a parameter must be there. */
 void RequireText(std::string const& text) {
-    if (text.find_first_not_of(" \t\n\v\f\r") == std::string::npos) {
+    std::string_view const read = text.c_str();
+    if (read.find_first_not_of(" \t\n\v\f\r") == std::string_view::npos) {
         throw std::runtime_error("a map projection with an empty parameter");
     }
 }

@@ -128,7 +128,7 @@ std::string GeoText(TProjectionFacts const& facts, TShellMapProjection const& sh
     }
 }
 
-/** The text of a constructor's or an operation's failure, which names the class in the stated form. */
+/** The text of a constructor's failure: its own signature. */
 std::string ConstructorText(TProjectionFacts const& facts, char const* parameter) {
     std::string const name = facts.ClassName;
     return name + "::" + name + "(" + parameter + ")";

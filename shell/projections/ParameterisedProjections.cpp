@@ -51,7 +51,7 @@ bool TParameterisedMapProjection<Shell>::LoadFromXML(TKvXIniReader* reader) {
             isLoaded = TShellMapProjection::LoadFromXML(reader) &&
                        ParameterFacts::ReadXml(TFactsOf<Shell>::Value, this, reader);
         } catch (...) {
-            // Memory that ran out is a load that failed, too.
+            // A reader that throws, or memory that ran out: a load that failed, too.
         }
         if (!isLoaded) {
             Reset();

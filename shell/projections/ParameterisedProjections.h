@@ -5,8 +5,8 @@
 /**
  * The shells with free parameters. Members are the texts as the user wrote them, in the order of the tree's
  * keys; angles are in the projection's angular unit, lengths in its linear unit, factors in its scale unit.
- * Each constructor throws std::runtime_error with its own signature as the text for what its class reads; what
- * the base reads throws the base's text. The texts themselves are taken unchecked.
+ * Each constructor throws std::runtime_error with its own signature as the text for what its class reads;
+ * what the base reads throws the base's text. The texts themselves are taken unchecked.
  */
 namespace KvRefSystem {
 
@@ -172,7 +172,8 @@ public:
 
 /**
  * The older Polar Stereographic, always on the north pole [EPSG7-2, 9810]. Kept: the latitude of origin has a
- * member and an XML key, but none in the tree, and no core reads it.
+ * member and an XML key, but none in the tree. No core reads it, but GeoTIFF does, which therefore fails for
+ * a projection that comes from a tree.
  */
 class TShellPolarStereographicMapProjection
     : public TParameterisedMapProjection<TShellPolarStereographicMapProjection> {

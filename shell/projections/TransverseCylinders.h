@@ -4,8 +4,8 @@
 
 /**
  * The shells of transverse cylinders with mathematics of their own. Members are the texts as the user wrote
- * them; exports call both a Transverse Mercator. XML has the base form only, so the parameters don't come
- * back from it.
+ * them, angles in the angular unit, lengths in the linear unit, factors in the scale unit; exports call both
+ * a Transverse Mercator. XML has the base form only, so the parameters don't come back from it.
  */
 namespace KvRefSystem {
 

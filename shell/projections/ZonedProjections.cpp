@@ -28,7 +28,7 @@ struct TGaussKruger6Rules {
     static constexpr char const* Constructor =
         "TShellGaussKruger6MapProjection::TShellGaussKruger6MapProjection(TStringTree *tree)";
     static constexpr double ScaleFactor = 1;
-    static constexpr char const* ScaleText = "1.0";
+    static constexpr char const* ScaleText = "1.0"; ///< of GeoTIFF; kept with its point
 
     static std::int64_t FalseEasting(std::int64_t zone) { return zone * ZoneInEasting + EastingOfMeridian; }
 
@@ -121,6 +121,7 @@ struct TZoned {
             std::string const meridian = angularUnit->DegreesToString(grid.CentralMeridian, GeoTiffDecimals);
             std::string const easting = ParameterText::LengthText(linearUnit, grid.FalseEasting);
             std::string const northing = ParameterText::LengthText(linearUnit, grid.FalseNorthing);
+            // Kept: the longitude under the natural origin's key, the other cylinders have the centre's.
             keys->insert({ProjectionGeoKey::NaturalOriginLatitude, "0"});
             keys->insert({ProjectionGeoKey::NaturalOriginLongitude, meridian});
             keys->insert({ProjectionGeoKey::ScaleAtNaturalOrigin, Rules::ScaleText});

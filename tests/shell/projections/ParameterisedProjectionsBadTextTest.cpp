@@ -109,6 +109,24 @@ TEST(ParameterisedProjections, BlankSexagesimalTextsFailToo) {
     }
 }
 
+TEST(ParameterisedProjections, ATextEndsAtANullCharacterAndIsEmptyBeforeIt) {
+    using namespace std::string_literals;
+    // The units read up to it, and take an empty text for a success.
+    for (std::string const& text : {"\0"s, "\0005"s, " \0 5"s}) {
+        for (TUnit const* const angular : {&degree, &degreeMinuteSecond}) {
+            TUnits const units = {&metre, angular, &millionth};
+            for (int const key : ClassOf(1).keys) {
+                auto const shell = Create(1, {{key, text}}, units);
+                EXPECT_EQ(CoreOf(*shell), nullptr) << key;
+                EXPECT_EQ(WktOf(*shell), "false") << key;
+                EXPECT_EQ(MifOf(*shell), "false") << key;
+                EXPECT_EQ(GeoKeysOf(*shell), (TGeoKeys{{0, "false"}})) << key;
+            }
+        }
+    }
+    EXPECT_TRUE(*CoreOf(*Create(8, {{6104, "5\0x"s}})) == *CoreOf(*Create(8, {{6104, "5"}})));
+}
+
 TEST(ParameterisedProjections, HugeTextsAndNumbersDontBreakAnything) {
     std::string const huge(100000, '9');
     for (TShellClass const& shellClass : AllClasses()) {

@@ -73,6 +73,17 @@ TEST(PolarStereographicShell, MifHasTheNorthPole) {
     EXPECT_EQ(MifOf(*Create(12)), With(", 19.5889, 90, 0.999412, "));
 }
 
+TEST(PolarStereographicShell, MifHasTheNorthPoleWhateverLatitudeCameThroughXml) {
+    for (char const* const latitude : {"-80", "not a number", ""}) {
+        auto const shell = Load(12, Document(12, {{"LongitudeOfNatiralOrigin", TextOf(6106)},
+                                                  {"LatitudeOfNaturalOrigin", latitude},
+                                                  {"ScaleFactorAtNaturalOrigin", TextOf(6120)},
+                                                  {"FalseEasting", TextOf(6104)},
+                                                  {"FalseNorthing", TextOf(6105)}}));
+        EXPECT_EQ(MifOf(*shell), With(", 19.5889, 90, 0.999412, ")) << latitude;
+    }
+}
+
 TEST(QuasiStereographicShell, MifHasTenDigitsOfAnglesAndSixteenOfTheScale) {
     EXPECT_EQ(MifOf(*Create(13)), With(", 19.58888889, 45.21111102, 0.9994123456789, "));
 }

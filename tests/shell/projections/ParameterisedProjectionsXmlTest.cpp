@@ -418,7 +418,7 @@ TEST(PolarStereographicFalseOriginShell, XmlAlwaysFails) {
     MemoryXIni::TNode root;
     MemoryXIni::TWriter writer(&root);
     EXPECT_FALSE(shell->SaveToXML(&writer));
-    EXPECT_EQ(writer.Depth(), 0U);
+    EXPECT_TRUE(root.children.empty());
 
     MemoryXIni::TNode document = Document(23, {{"LongitudeOfNatiralOrigin", "1"},
                                                {"Pole", "North"},
@@ -427,6 +427,8 @@ TEST(PolarStereographicFalseOriginShell, XmlAlwaysFails) {
                                                {"FalseNorthing", "0"}});
     MemoryXIni::TReader reader(&document);
     EXPECT_FALSE(shell->LoadFromXML(&reader));
+    EXPECT_EQ(reader.operations, 0U);
+    EXPECT_TRUE(*shell == *Create(23));
     EXPECT_EQ(MessageOf([&] { Load(23, document); }), ClassOf(23).XmlMessage());
 }
 
@@ -506,6 +508,8 @@ TEST(PolarShells, SavingAPoleOfNeitherValueIsALogicError) {
         MemoryXIni::TWriter writer(&root);
         EXPECT_EQ(Thrown<std::logic_error>([&] { shell->SaveToXML(&writer); }),
                   "bool " + ClassOf(type).name + "::SaveToXML(TKvXIniWriter *XML_writer) const");
+        // The section was closed on the way.
+        EXPECT_EQ(writer.Depth(), 0U);
     }
 }
 
