@@ -2,6 +2,7 @@
 
 #include "shell/refsystems/DescriptionTags.h"
 #include "shell/refsystems/ReferenceSystem.h"
+#include "shell/units/LinearUnit.h"
 
 namespace KvRefSystem {
 
@@ -9,6 +10,19 @@ bool ReadMifSettings(TStringTree const* saved, std::string* projection, std::str
     TStringTree const* const settings = saved ? saved->FindSubtree(DescriptionTag::MifSettings, 0) : nullptr;
     return settings && settings->GetString(DescriptionTag::MifProjection, 0, projection) &&
            settings->GetString(DescriptionTag::MifUnit, 0, unit);
+}
+
+bool ExportLocalToWKT(TShellReferenceSystem const& system, TShellLinearUnit const* unit, std::string* text) {
+    return ReportFailure([&] {
+        std::string unitText;
+        std::string axes;
+        if (!unit || !unit->ExportToWKT(&unitText) || !system.ExportAxesToWKT(&axes)) {
+            return false;
+        }
+        *text =
+            "LOCAL_CS[\"" + system.Name + "\",LOCAL_DATUM[\"Local Datum\",0]," + unitText + "," + axes + "]";
+        return true;
+    });
 }
 
 bool TShellReferenceSystem::ExportToMIFMID(std::string* text, bool) const {

@@ -9,6 +9,9 @@
 /** What the exports of the kinds share. */
 namespace KvRefSystem {
 
+class TShellLinearUnit;
+class TShellReferenceSystem;
+
 /** Numbers of the geokeys that whole systems write. */
 namespace GeoKey {
 inline constexpr int ModelType = 1024;
@@ -16,6 +19,7 @@ inline constexpr int Citation = 1026;
 inline constexpr int GeographicType = 2048;
 inline constexpr int GeographicCitation = 2049;
 inline constexpr int GeodeticDatum = 2050;
+inline constexpr int LinearUnits = 2052;
 inline constexpr int LinearUnitSize = 2053; ///< Kept: also that of the vertical unit
 inline constexpr int AngularUnits = 2054;
 inline constexpr int AngularUnitSize = 2055;
@@ -35,6 +39,12 @@ inline std::string WktAuthority(std::string const& code) {
  * @param saved may be null. @return false without the settings or one of the two.
  */
 bool ReadMifSettings(TStringTree const* saved, std::string* projection, std::string* unit);
+
+/**
+ * Replaces `text` by the WKT LOCAL_CS of a system.
+ * @param unit may be null. @return false, `text` untouched, without a unit that has a form there.
+ */
+bool ExportLocalToWKT(TShellReferenceSystem const& system, TShellLinearUnit const* unit, std::string* text);
 
 /** @return the MapInfo clause of a system without a place on the earth. */
 inline std::string NonearthClause(std::string const& unit) {

@@ -20,15 +20,15 @@ bool TShellGeodeticReferenceSystem::FillInternalRefSystemTree(TStringTree* tree,
 }
 
 int TShellGeodeticReferenceSystem::FillPrimaryGeodeticRefSystemTree(TStringTree* tree) const {
-    return Kinds::FillPrimary(*this, Kinds::pfGeodetic, tree);
+    return Kinds::FillPrimary(SavedTree, DatumName, Kinds::pfGeodetic, tree);
 }
 
 int TShellGeodeticReferenceSystem::FillPrimaryGeodeticRefSystemTreeDeg(TStringTree* tree) const {
-    return Kinds::FillPrimary(*this, Kinds::pfGeodeticDegrees, tree);
+    return Kinds::FillPrimary(SavedTree, DatumName, Kinds::pfGeodeticDegrees, tree);
 }
 
 int TShellGeodeticReferenceSystem::FillPrimaryGeocentricRefSystemTree(TStringTree* tree) const {
-    return Kinds::FillPrimary(*this, Kinds::pfGeocentric, tree);
+    return Kinds::FillPrimary(SavedTree, DatumName, Kinds::pfGeocentric, tree);
 }
 
 } // namespace KvRefSystem

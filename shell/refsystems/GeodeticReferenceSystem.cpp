@@ -167,8 +167,7 @@ bool TShellGeodeticReferenceSystem::InputCoords(TShellCoords const& texts, TShel
     if (!AngularUnit || !Vertical || !Vertical->HeightUnit) {
         return false;
     }
-    return Kinds::ParseText(texts.Coord[0], {*AngularUnit, plane}, &shell[0]) &&
-           Kinds::ParseText(texts.Coord[1], {*AngularUnit, plane}, &shell[1]) &&
+    return Kinds::ParseTexts(texts, 2, {*AngularUnit, plane}, shell) &&
            Kinds::ParseText(texts.Coord[2], {*Vertical->HeightUnit, height}, &shell[2]);
 }
 

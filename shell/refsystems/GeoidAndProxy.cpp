@@ -1,6 +1,7 @@
 #include "shell/refsystems/DescriptionTags.h"
 #include "shell/refsystems/ReferenceSystem.h"
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 
@@ -19,14 +20,11 @@ std::string GeoidSettingOf(TStringTree const* tree) {
     return id;
 }
 
-/** @return how many proxies a description nests, one inside the other. */
+/** @return how many proxies a description nests, one inside the other or inside a base system. */
 int CountNestedProxies(TStringTree const* tree) {
-    int count = 0;
-    for (TStringTree const* level = tree->FindSubtree(DescriptionTag::Proxy, 0); level;
-         level = level->FindSubtree(DescriptionTag::Proxy, 0)) {
-        ++count;
-    }
-    return count;
+    TStringTree const* const proxy = tree->FindSubtree(DescriptionTag::Proxy, 0);
+    TStringTree const* const base = tree->FindSubtree(DescriptionTag::PrimarySystem, 0);
+    return std::max(proxy ? 1 + CountNestedProxies(proxy) : 0, base ? CountNestedProxies(base) : 0);
 }
 
 } // namespace

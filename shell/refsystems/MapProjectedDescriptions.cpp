@@ -2,9 +2,6 @@
 #include "shell/refsystems/DescriptionTags.h"
 #include "shell/refsystems/KindsDetail.h"
 #include "shell/refsystems/MapProjectedReferenceSystem.h"
-#include "shell/refsystems/public/ReferenceSystemFactory.h"
-
-#include <memory>
 
 namespace KvRefSystem {
 
@@ -25,7 +22,7 @@ constexpr long PanoramaZoneCount = 60;
 
 /** Copies the base system's description under the same tag, as that of a geodetic system. */
 TStringTree* CopyBase(TStringTree const& saved, TStringTree* tree) {
-    TStringTree const* const source = saved.FindSubtree(DescriptionTag::PrimarySystem, 0);
+    TStringTree const* const source = Kinds::BaseOf(&saved);
     if (!tree->InsertSubtree("primary reference system", DescriptionTag::PrimarySystem, 0) || !source) {
         return nullptr;
     }
@@ -45,46 +42,27 @@ bool TShellMapProjectedReferenceSystem::FillInternalRefSystemTree(TStringTree* t
         return false;
     }
     TStringTree* const baseTree = CopyBase(*SavedTree, tree);
-    std::unique_ptr<TShellReferenceSystem> const base(baseTree ? CreateShellReferenceSystem(baseTree, nullptr)
-                                                               : nullptr);
-    if (!base) {
-        return false;
-    }
-    // An empty text of the height leaves its number alone: the origin then lies on the ellipsoid.
-    double point[3] = {0, 0, 0};
-    if (!InputCoords(origin, nullptr, nullptr, point)) {
-        return false;
-    }
-    OperateShellCoords(*base, point, false);
-    TShellCoords texts;
-    base->OutputCoords(point, &texts, nullptr, -1, nullptr, -1);
-    for (int axis = 0; axis < 3; ++axis) {
-        if (!tree->InsertString("origin", DescriptionTag::Origin, axis, texts.Coord[axis])) {
-            return false;
-        }
-    }
-    return true;
+    return baseTree && Kinds::InsertOriginOf(*this, origin, baseTree, tree);
 }
 
 int TShellMapProjectedReferenceSystem::FillPrimaryGeodeticRefSystemTree(TStringTree* tree) const {
-    return Kinds::FillPrimary(*this, Kinds::pfGeodetic, tree);
+    return Kinds::FillPrimary(SavedTree, DatumName, Kinds::pfGeodetic, tree);
 }
 
 int TShellMapProjectedReferenceSystem::FillPrimaryGeodeticRefSystemTreeDeg(TStringTree* tree) const {
-    return Kinds::FillPrimary(*this, Kinds::pfGeodeticDegrees, tree);
+    return Kinds::FillPrimary(SavedTree, DatumName, Kinds::pfGeodeticDegrees, tree);
 }
 
 int TShellMapProjectedReferenceSystem::FillPrimaryGeocentricRefSystemTree(TStringTree* tree) const {
-    return Kinds::FillPrimary(*this, Kinds::pfGeocentric, tree);
+    return Kinds::FillPrimary(SavedTree, DatumName, Kinds::pfGeocentric, tree);
 }
 
 std::string TShellMapProjectedReferenceSystem::GetPanoramaName() const {
     long code = 0;
     ScanText(PanoramaCode.c_str(), "%ld", &code);
     for (TPanoramaZones const& family : PanoramaFamilies) {
-        long const zone = code - family.base;
-        if (zone >= 1 && zone <= PanoramaZoneCount) {
-            return FormatText("%s %d", family.name, static_cast<int>(zone));
+        if (code > family.base && code <= family.base + PanoramaZoneCount) {
+            return FormatText("%s %d", family.name, static_cast<int>(code - family.base));
         }
     }
     return std::string();

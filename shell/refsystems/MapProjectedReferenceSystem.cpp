@@ -2,7 +2,6 @@
 
 #include "core/primitives/Ellipsoid.h"
 #include "core/refsystems/MapProjectedReferenceSystem.h"
-#include "frame/NumberText.h"
 #include "frame/XmlSectionsDetail.h"
 #include "shell/projections/LocalGrids.h"
 #include "shell/projections/ParameterisedProjections.h"
@@ -149,7 +148,9 @@ std::unique_ptr<TReferenceSystem> CreateCore(TShellMapProjectedReferenceSystem c
     if (!chain || !system.InitializeCorePairwiseTransforms(&pairwise)) {
         throw std::runtime_error(PairwiseText);
     }
-    return std::make_unique<TMapProjectedReferenceSystem>(base, projection.release(), *chain, pairwise);
+    // Not make_unique: here the projection is given up after the core has its memory, so it can't get lost.
+    return std::unique_ptr<TReferenceSystem>(
+        new TMapProjectedReferenceSystem(base, projection.release(), *chain, pairwise));
 }
 
 TGeodeticReferenceSystem const* GeodeticCoreOf(TShellGeodeticReferenceSystem const* system) {
@@ -270,8 +271,7 @@ void TShellMapProjectedReferenceSystem::CoordsCoreToShell(TCoords const& core, T
 bool TShellMapProjectedReferenceSystem::InputCoords(TShellCoords const& texts, TShellUnit const* plane,
                                                     TShellUnit const* height, double* shell) const {
     TShellLinearUnit const* const heightUnit = FindHeightUnit(*this);
-    return LinearUnit && heightUnit && Kinds::ParseText(texts.Coord[0], {*LinearUnit, plane}, &shell[0]) &&
-           Kinds::ParseText(texts.Coord[1], {*LinearUnit, plane}, &shell[1]) &&
+    return LinearUnit && heightUnit && Kinds::ParseTexts(texts, 2, {*LinearUnit, plane}, shell) &&
            Kinds::ParseText(texts.Coord[2], {*heightUnit, height}, &shell[2]);
 }
 

@@ -10,6 +10,7 @@ namespace {
 /** Status of the operations that fill a tree with a derived system. */
 enum TFillStatus : int {
     fsDone = 0,
+    fsNoDatum = 2,
     fsFailed = 9,
 };
 
@@ -48,56 +49,61 @@ bool InsertMetreHeights(TStringTree* tree) {
                       DescriptionTag::LinearUnit, FillMeterTree);
 }
 
-bool CopyDatumOrEllipsoid(TStringTree const& saved, TStringTree* tree) {
-    return saved.FindSubtree(DescriptionTag::Datum, 0)
-               ? CopySaved(saved, DescriptionTag::Datum, "datum", tree)
-               : CopySaved(saved, DescriptionTag::Ellipsoid, "ellipsoid", tree);
+int Status(bool done) {
+    return done ? fsDone : fsFailed;
 }
 
-bool FillGeodetic(TStringTree const* saved, TDerivedTexts const& texts, bool (*fillAngularUnit)(TStringTree*),
-                  TStringTree* tree) {
-    return saved && tree && InsertTexts(tree, texts) &&
-           CopySaved(*saved, DescriptionTag::PrimeMeridian, "prime meridian", tree) &&
-           InsertUnit(tree, "angular units", DescriptionTag::AngularUnit, fillAngularUnit) &&
-           InsertMetreHeights(tree) && CopyDatumOrEllipsoid(*saved, tree);
+int FillGeodetic(TStringTree const& saved, TDerivedTexts const& texts, bool (*fillAngularUnit)(TStringTree*),
+                 TDatumRule rule, TStringTree* tree) {
+    if (!InsertTexts(tree, texts) ||
+        !CopySaved(saved, DescriptionTag::PrimeMeridian, "prime meridian", tree) ||
+        !InsertUnit(tree, "angular units", DescriptionTag::AngularUnit, fillAngularUnit) ||
+        !InsertMetreHeights(tree)) {
+        return fsFailed;
+    }
+    if (saved.FindSubtree(DescriptionTag::Datum, 0)) {
+        return Status(CopySaved(saved, DescriptionTag::Datum, "datum", tree));
+    }
+    return rule == drDatumOnly ? fsNoDatum
+                               : Status(CopySaved(saved, DescriptionTag::Ellipsoid, "ellipsoid", tree));
 }
 
 /** A geocentric system takes the datum over; an ellipsoid alone tells it nothing, but must be there. */
-bool FillGeocentric(TStringTree const* saved, TDerivedTexts const& texts, TStringTree* tree) {
-    if (!saved || !tree || !InsertTexts(tree, texts) ||
-        !CopySaved(*saved, DescriptionTag::PrimeMeridian, "prime meridian", tree) ||
+int FillGeocentric(TStringTree const& saved, TDerivedTexts const& texts, TDatumRule rule, TStringTree* tree) {
+    if (!InsertTexts(tree, texts) ||
+        !CopySaved(saved, DescriptionTag::PrimeMeridian, "prime meridian", tree) ||
         !InsertUnit(tree, "linear unit", DescriptionTag::LinearUnit, FillMeterTree)) {
-        return false;
+        return fsFailed;
     }
-    return saved->FindSubtree(DescriptionTag::Datum, 0)
-               ? CopySaved(*saved, DescriptionTag::Datum, "datum", tree)
-               : saved->FindSubtree(DescriptionTag::Ellipsoid, 0) != nullptr;
-}
-
-bool Fill(TShellReferenceSystem const& system, TPrimaryForm form, TStringTree* tree) {
-    TStringTree const* const saved = system.SavedTree;
-    if (form == pfGeodetic) {
-        TDerivedTexts const texts = {"Geodetic", "Auto-generated", "geod", "4", {"Lat", "Lon", "H"}};
-        return FillGeodetic(saved, texts, FillRadianTree, tree);
+    if (saved.FindSubtree(DescriptionTag::Datum, 0)) {
+        return Status(CopySaved(saved, DescriptionTag::Datum, "datum", tree));
     }
-    if (form == pfGeocentric) {
-        TDerivedTexts const texts = {"Geocentric", "Auto-generated", "geoc", "3", {"X", "Y", "Z"}};
-        return FillGeocentric(saved, texts, tree);
-    }
-    KvModule_Initializer const& module = KvModule_Initializer::getInst();
-    TDerivedTexts const texts = {
-        module.get_resource_string("global.LATITUDE_LONGITUDE") + " " + system.DatumName,
-        "",
-        "",
-        "4",
-        {module.get_resource_string("global.LATITUDE"), module.get_resource_string("global.LONGITUDE"), "H"}};
-    return FillGeodetic(saved, texts, FillDegreeTree, tree);
+    return Status(rule == drDatumOrEllipsoid && saved.FindSubtree(DescriptionTag::Ellipsoid, 0));
 }
 
 } // namespace
 
-int FillPrimary(TShellReferenceSystem const& system, TPrimaryForm form, TStringTree* tree) {
-    return Fill(system, form, tree) ? fsDone : fsFailed;
+int FillPrimary(TStringTree const* saved, std::string const& datumName, TPrimaryForm form, TStringTree* tree,
+                TDatumRule rule) {
+    if (!saved || !tree) {
+        return fsFailed;
+    }
+    if (form == pfGeodetic) {
+        TDerivedTexts const texts = {"Geodetic", "Auto-generated", "geod", "4", {"Lat", "Lon", "H"}};
+        return FillGeodetic(*saved, texts, FillRadianTree, rule, tree);
+    }
+    if (form == pfGeocentric) {
+        TDerivedTexts const texts = {"Geocentric", "Auto-generated", "geoc", "3", {"X", "Y", "Z"}};
+        return FillGeocentric(*saved, texts, rule, tree);
+    }
+    KvModule_Initializer const& module = KvModule_Initializer::getInst();
+    TDerivedTexts const texts = {
+        module.get_resource_string("global.LATITUDE_LONGITUDE") + " " + datumName,
+        "",
+        "",
+        "4",
+        {module.get_resource_string("global.LATITUDE"), module.get_resource_string("global.LONGITUDE"), "H"}};
+    return FillGeodetic(*saved, texts, FillDegreeTree, rule, tree);
 }
 
 } // namespace KvRefSystem::Kinds

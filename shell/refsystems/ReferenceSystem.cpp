@@ -2,6 +2,7 @@
 
 #include "frame/NumberText.h"
 #include "shell/refsystems/DescriptionTags.h"
+#include "shell/refsystems/KindsDetail.h"
 #include "shell/refsystems/public/ReferenceSystemFactory.h"
 
 #include <limits>
@@ -35,45 +36,6 @@ std::string OptionalText(TStringTree const& tree, int tag, int idx) {
 unsigned LeadingNumber(std::string const& text) {
     unsigned number = 0;
     return !text.empty() && ScanText(text.c_str(), "%u", &number) == 1 ? number : 0;
-}
-
-/** One field of a description that the library writes itself. */
-struct TGeneratedField {
-    int tag;
-    int idx;
-    char const* header;
-    char const* value;
-};
-
-constexpr TGeneratedField InternalSystemFields[] = {
-    {DescriptionTag::Name, 0, "name", "Internal"},
-    {DescriptionTag::Description, 0, "desc", "Right, topocentric, meters"},
-    {DescriptionTag::Abbreviation, 0, "abbr", "Internal"},
-    {DescriptionTag::Type, 0, "type", "6"},
-    {DescriptionTag::Orientation, 0, "swap", "0"},
-    {DescriptionTag::Axis, 0, "axis", "X"},
-    {DescriptionTag::Axis, 1, "axis", "Y"},
-    {DescriptionTag::Axis, 2, "axis", "Z"},
-};
-
-constexpr TGeneratedField GeneratedMetreFields[] = {
-    {5301, 0, "code", "0"},
-    {5312, 0, "type", "1"},
-    {5310, 0, "f_b", "1"},
-    {5311, 0, "f_c", "1"},
-    {5320, 0, "name", "meter"},
-    {5321, 0, "abbr", "m"},
-    {5322, 0, "desc", "generated (not from Db!)"},
-};
-
-template <std::size_t Count>
-bool InsertFields(TStringTree* tree, TGeneratedField const (&rows)[Count]) {
-    for (TGeneratedField const& row : rows) {
-        if (!tree->InsertField(row.header, row.tag, row.idx, std::string(row.value))) {
-            return false;
-        }
-    }
-    return true;
 }
 
 } // namespace
@@ -300,11 +262,7 @@ bool TShellReferenceSystem::operator^=(TShellReferenceSystem const& other) const
 }
 
 bool TShellReferenceSystem::FillInternalRefSystemTree(TStringTree* tree, TShellCoords const&) const {
-    if (!tree || !InsertFields(tree, InternalSystemFields) ||
-        !tree->InsertSubtree("linear unit", DescriptionTag::LinearUnit, 0)) {
-        return false;
-    }
-    return InsertFields(tree->FindSubtree(DescriptionTag::LinearUnit, 0), GeneratedMetreFields);
+    return Kinds::FillInternal("Right, topocentric, meters", rstTopocentricHorizontal, tree);
 }
 
 bool TShellReferenceSystem::GetSphereRadius(double*) const {

@@ -6,11 +6,15 @@
 namespace {
 
 thread_local std::size_t count = 0;
-thread_local int failing = 0; ///< the allocation by a nothrow form that fails, counted from 1
+thread_local int failing = 0;  ///< the allocation by a nothrow form that fails, counted from 1
+thread_local int throwing = 0; ///< the allocation by a throwing form that fails, likewise
+thread_local std::ptrdiff_t live = 0;
 
 void* Counted(std::size_t size) noexcept {
+    void* const memory = std::malloc(size == 0 ? 1 : size);
     ++count;
-    return std::malloc(size == 0 ? 1 : size);
+    live += memory ? 1 : 0;
+    return memory;
 }
 
 void* CountedNothrow(std::size_t size) noexcept {
@@ -21,10 +25,18 @@ void* CountedNothrow(std::size_t size) noexcept {
 }
 
 void* CountedOrThrow(std::size_t size) {
+    if (throwing > 0 && --throwing == 0) {
+        throw std::bad_alloc();
+    }
     if (void* const memory = Counted(size)) {
         return memory;
     }
     throw std::bad_alloc();
+}
+
+void Release(void* memory) noexcept {
+    live -= memory ? 1 : 0;
+    std::free(memory);
 }
 
 } // namespace
@@ -37,6 +49,18 @@ std::size_t AllocationCount() {
 
 void FailNothrowAllocation(int which) {
     failing = which;
+}
+
+std::ptrdiff_t LiveAllocations() {
+    return live;
+}
+
+void FailAllocation(int which) {
+    throwing = which;
+}
+
+bool AllocationIsToFail() {
+    return throwing > 0;
 }
 
 } // namespace KvRefSystemTests
@@ -60,25 +84,25 @@ void* operator new[](std::size_t size, std::nothrow_t const&) noexcept {
 }
 
 void operator delete(void* memory) noexcept {
-    std::free(memory);
+    Release(memory);
 }
 
 void operator delete[](void* memory) noexcept {
-    std::free(memory);
+    Release(memory);
 }
 
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
+    Release(memory);
 }
 
 void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
+    Release(memory);
 }
 
 void operator delete(void* memory, std::nothrow_t const&) noexcept {
-    std::free(memory);
+    Release(memory);
 }
 
 void operator delete[](void* memory, std::nothrow_t const&) noexcept {
-    std::free(memory);
+    Release(memory);
 }
