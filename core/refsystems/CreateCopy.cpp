@@ -1,7 +1,10 @@
 #include "core/refsystems/GeocentricReferenceSystem.h"
 #include "core/refsystems/GeodeticReferenceSystem.h"
+#include "core/refsystems/LocalCartesianReferenceSystem.h"
+#include "core/refsystems/LocalCurvedReferenceSystem.h"
 #include "core/refsystems/MapProjectedReferenceSystem.h"
 #include "core/refsystems/ReferenceSystem.h"
+#include "core/refsystems/TopocentricHorizontalReferenceSystem.h"
 
 namespace KvRefSystem {
 
@@ -19,12 +22,18 @@ TReferenceSystem* CopyAs(TReferenceSystem const& source) {
 TReferenceSystem* CreateCopy(TReferenceSystem const& source) {
     try {
         switch (source.Type) {
+        case rstLocalCartesian:
+            return CopyAs<TLocalCartesianReferenceSystem>(source);
+        case rstLocalCurved:
+            return CopyAs<TLocalCurvedReferenceSystem>(source);
         case rstGeocentric:
             return CopyAs<TGeocentricReferenceSystem>(source);
         case rstGeodetic:
             return CopyAs<TGeodeticReferenceSystem>(source);
         case rstMapProjected:
             return CopyAs<TMapProjectedReferenceSystem>(source);
+        case rstTopocentricHorizontal:
+            return CopyAs<TTopocentricHorizontalReferenceSystem>(source);
         default:
             return nullptr;
         }

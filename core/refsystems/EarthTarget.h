@@ -4,6 +4,7 @@
 #include "core/refsystems/GeocentricReferenceSystem.h"
 #include "core/refsystems/GeodeticReferenceSystem.h"
 #include "core/refsystems/MapProjectedReferenceSystem.h"
+#include "core/refsystems/TopocentricHorizontalReferenceSystem.h"
 
 #include <stdexcept>
 
@@ -34,6 +35,10 @@ public:
             Projection = projected->Projection;
             break;
         }
+        case rstTopocentricHorizontal:
+            Topocentric = dst.RelatedTopocentricHorizontalRefSystem();
+            Require(Geocentric != nullptr && Topocentric != nullptr);
+            break;
         default:
             Require(false);
         }
@@ -48,11 +53,16 @@ public:
         if (Projection != nullptr) {
             Projection->GeodeticToProjected(coords);
         }
+        if (Topocentric != nullptr) {
+            Topocentric->ConvertGeocentricToTopocentricHorizontal(coords);
+        }
     }
 
     TGeocentricReferenceSystem const* Geocentric;       ///< borrowed from the target
-    TGeodeticReferenceSystem const* Geodetic = nullptr; ///< borrowed; null when the target ends geocentric
+    TGeodeticReferenceSystem const* Geodetic = nullptr; ///< borrowed; null without ellipsoidal coordinates
     TMapProjection const* Projection = nullptr;         ///< borrowed; null when the target isn't projected
+    TTopocentricHorizontalReferenceSystem const* Topocentric =
+        nullptr; ///< borrowed; null when the target isn't topocentric
 
 private:
     static void Require(bool reachable) {

@@ -1,4 +1,9 @@
 #include "TestKinds.h"
+#include "core/projections/TransverseMercator.h"
+#include "core/refsystems/LocalCartesianReferenceSystem.h"
+#include "core/refsystems/LocalCurvedReferenceSystem.h"
+#include "core/refsystems/MapProjectedReferenceSystem.h"
+#include "core/refsystems/TopocentricHorizontalReferenceSystem.h"
 #include "core/transforms/PlaneAndVertical.h"
 #include "core/transforms/PlaneGrid.h"
 #include "core/transforms/SevenParameters.h"
@@ -48,7 +53,15 @@ TEST(EqualityPairs, SystemsOfAllKindsCompareBothWays) {
     auto const ellipsoid = Wgs84();
     TGeocentricReferenceSystem const geocentric(nullptr, nullptr, {}, {});
     TGeodeticReferenceSystem const geodetic(nullptr, nullptr, &ellipsoid, {}, {});
-    ExpectPairs<TReferenceSystem>(geocentric, geodetic, TTestKind(1), TTestKind(3), TTestKind(4));
+    TEllipsoidSemiAxes const axes = {ellipsoid.SemiMajorAxis, ellipsoid.SemiMinorAxis};
+    TTransverseMercatorMapProjectionParameters const parameters(0.0, 0.0, 1.0, 0.0, 0.0);
+    TMapProjectedReferenceSystem const projected(
+        &geodetic, new TTransverseMercatorMapProjection(&axes, &parameters), {}, {});
+    TTopocentricHorizontalReferenceSystem const topocentric(rscoLeft, 0.0, &geodetic, Point(0, 0, 0), {}, {});
+    TLocalCartesianReferenceSystem const local(rscoLeft, {}, {});
+    TLocalCurvedReferenceSystem const curved(rscoLeft, 6371000.0, 0.0, 0.0, {}, {});
+    ExpectPairs<TReferenceSystem>(geocentric, geodetic, projected, topocentric, local, curved, TTestKind(1),
+                                  TTestKind(2), TTestKind(3), TTestKind(4), TTestKind(5), TTestKind(6));
 }
 
 TEST(EqualityPairs, EqualSystemsOfOneClassAreEqualUnderEveryStaticType) {

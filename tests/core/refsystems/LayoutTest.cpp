@@ -1,5 +1,8 @@
 #include "TestKinds.h"
+#include "core/refsystems/LocalCartesianReferenceSystem.h"
+#include "core/refsystems/LocalCurvedReferenceSystem.h"
 #include "core/refsystems/PrimeMeridian.h"
+#include "core/refsystems/TopocentricHorizontalReferenceSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -20,6 +23,9 @@ static_assert(sizeof(TRefSystemTransformsSet) == 64);
 static_assert(sizeof(TReferenceSystem) == 128);
 static_assert(sizeof(TGeocentricReferenceSystem) == 144);
 static_assert(sizeof(TGeodeticReferenceSystem) == 144);
+static_assert(sizeof(TLocalCartesianReferenceSystem) == 136);
+static_assert(sizeof(TLocalCurvedReferenceSystem) == 160);
+static_assert(sizeof(TTopocentricHorizontalReferenceSystem) == 264);
 static_assert(sizeof(TDatumShift) == 16);
 static_assert(sizeof(TPrimeMeridian) == 40);
 
@@ -84,6 +90,22 @@ TEST(Layout, MembersStandAtTheirPositions) {
     EXPECT_EQ(Offset(geodetic, geodetic.Ellipsoid), 128);
     EXPECT_EQ(Offset(geodetic, geodetic.GeocentricSystem), 136);
 
+    TLocalCartesianReferenceSystem const local(rscoLeft, {}, {});
+    EXPECT_EQ(Offset(local, local.Orientation), 128);
+
+    TLocalCurvedReferenceSystem const curved(rscoLeft, 1, 2, 3, {}, {});
+    EXPECT_EQ(Offset(curved, curved.LocalCartesianSystem), 128);
+    EXPECT_EQ(Offset(curved, curved.Radius), 136);
+    EXPECT_EQ(Offset(curved, curved.CenterX), 144);
+    EXPECT_EQ(Offset(curved, curved.CenterY), 152);
+
+    TTopocentricHorizontalReferenceSystem const topocentric(rscoLeft, 0.0, &geodetic, TCoords(), {}, {});
+    EXPECT_EQ(Offset(topocentric, topocentric.GeodeticSystem), 128);
+    EXPECT_EQ(Offset(topocentric, topocentric.Orientation), 136);
+    EXPECT_EQ(Offset(topocentric, topocentric.Origin), 144);
+    EXPECT_EQ(Offset(topocentric, topocentric.InverseShift), 168);
+    EXPECT_EQ(Offset(topocentric, topocentric.Rotation), 192);
+
     TForeignShift const shift;
     EXPECT_EQ(Offset(shift, shift.Type), 8);
 
@@ -132,6 +154,12 @@ TEST(Layout, KindsAddNoVirtualFunctions) {
     // A new virtual function would take slot 16; a function pointer in a derived class keeps its base's slot.
     EXPECT_EQ(Slot(&TGeocentricReferenceSystem::ReplaceDatumShift), 15);
     EXPECT_EQ(Slot(&TGeodeticReferenceSystem::ReplaceDatumShift), 15);
+    EXPECT_EQ(Slot(&TLocalCartesianReferenceSystem::GetAxisStepsBase), 14);
+    EXPECT_EQ(Slot(&TLocalCurvedReferenceSystem::GetAxisStepsBase), 14);
+    EXPECT_EQ(Slot(&TTopocentricHorizontalReferenceSystem::ReplaceDatumShift), 15);
     EXPECT_EQ(Slot(&TGeocentricReferenceSystem::RelatedGeocentricRefSystem), 2);
     EXPECT_EQ(Slot(&TGeodeticReferenceSystem::RelatedGeodeticRefSystem), 3);
+    EXPECT_EQ(Slot(&TTopocentricHorizontalReferenceSystem::RelatedTopocentricHorizontalRefSystem), 5);
+    EXPECT_EQ(Slot(&TLocalCartesianReferenceSystem::RelatedLocalCartesianRefSystem), 6);
+    EXPECT_EQ(Slot(&TLocalCurvedReferenceSystem::RelatedLocalCurvedRefSystem), 7);
 }

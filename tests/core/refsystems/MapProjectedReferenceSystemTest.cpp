@@ -2,6 +2,7 @@
 
 #include "core/primitives/BursaWolfDatumShift.h"
 #include "core/projections/TransverseMercator.h"
+#include "core/refsystems/LocalCartesianReferenceSystem.h"
 #include "core/transforms/PlaneAndVertical.h"
 
 #include <gtest/gtest.h>
@@ -193,8 +194,7 @@ TEST(MapProjectedReferenceSystem, AnUnreachableTargetIsRefusedBeforeTheProjectio
     TGeodeticReferenceSystem const geodetic = Geodetic();
     int destructions = 0;
     TMapProjectedReferenceSystem const system(&geodetic, new TCountedProjection(&destructions), {}, {});
-    TGeocentricReferenceSystem target(nullptr, nullptr, {}, {});
-    target.Type = rstLocalCartesian;
+    TLocalCartesianReferenceSystem const target(rscoLeft, {}, {});
     TCoords point{1, 2, 3, false};
 
     try {

@@ -115,6 +115,19 @@ public:
     KvRefSystem::TGeodeticReferenceSystem const* RelatedGeodeticRefSystem() const override {
         return Geodetic;
     }
+    KvRefSystem::TTopocentricHorizontalReferenceSystem const*
+    RelatedTopocentricHorizontalRefSystem() const override {
+        return Topocentric;
+    }
+    KvRefSystem::TLocalCartesianReferenceSystem const* RelatedLocalCartesianRefSystem() const override {
+        if (OnRelated) {
+            OnRelated();
+        }
+        return LocalCartesian;
+    }
+    KvRefSystem::TLocalCurvedReferenceSystem const* RelatedLocalCurvedRefSystem() const override {
+        return LocalCurved;
+    }
     bool operator==(TReferenceSystem const& other) const override { return this == &other; }
     bool PreservesHeights(TReferenceSystem const&) const override { return true; }
     void OperateCoordsBase(TReferenceSystem const& dst, KvRefSystem::TCoords* coords) const override {
@@ -138,6 +151,9 @@ public:
     std::function<void()> OnRelated;
     KvRefSystem::TGeocentricReferenceSystem const* Geocentric = nullptr;
     KvRefSystem::TGeodeticReferenceSystem const* Geodetic = nullptr;
+    KvRefSystem::TTopocentricHorizontalReferenceSystem const* Topocentric = nullptr;
+    KvRefSystem::TLocalCartesianReferenceSystem const* LocalCartesian = nullptr;
+    KvRefSystem::TLocalCurvedReferenceSystem const* LocalCurved = nullptr;
     double Steps[3] = {1.0, 1.0, 1.0};
 };
 
