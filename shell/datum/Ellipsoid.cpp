@@ -4,6 +4,7 @@
 #include "frame/NumberText.h"
 #include "frame/imported/XIni.h"
 #include "shell/datum/DatumDetail.h"
+#include "shell/units/GeoKeyDetail.h"
 
 #include <memory>
 #include <stdexcept>
@@ -22,7 +23,6 @@ constexpr char const* treeConstructor = "TShellEllipsoid::TShellEllipsoid(TStrin
 constexpr char const* xmlConstructor = "TShellEllipsoid::TShellEllipsoid(TKvXIniReader *xml)";
 
 /** What GeoTIFF writes for a code that is told by other keys. */
-constexpr char const* userDefined = "32767";
 
 enum TEllipsoidTag : int {
     tagMajorSemiAxis = 5110,
@@ -183,7 +183,7 @@ bool TShellEllipsoid::ExportToGeoTIFF(std::map<int, std::string>* keys, TShellLi
             minor = PrintMeters(*unit, ValueInBase(*LinearUnit, MinorSemiAxis));
         }
     }
-    keys->insert({keyCode, GeoTIFFCode != 0 ? FormatText("%d", GeoTIFFCode) : userDefined});
+    keys->insert({keyCode, GeoTIFFCode != 0 ? FormatText("%d", GeoTIFFCode) : UserDefinedGeoKey});
     keys->insert({keyMajorSemiAxis, std::move(major)});
     if (unit == nullptr) {
         LinearUnit->ExportToGeoTIFF(keys, keyLinearUnitCode, keyLinearUnitSize);

@@ -3,6 +3,7 @@
 #include "core/refsystems/ReferenceSystem.h"
 #include "frame/NumberText.h"
 #include "frame/imported/BaseGrid.h"
+#include "shell/units/GeoKeyDetail.h"
 // The systems own their geoids, and a geoid asks the systems for heights: the knot is tied here, in one
 // direction, so that the header knows a forward declaration only.
 #include "shell/refsystems/ReferenceSystem.h"
@@ -171,7 +172,7 @@ bool TShellGeoid::ExportToGeoTIFF(std::map<int, std::string>* keys) const {
     if (Id.empty()) {
         return false;
     }
-    keys->insert({4096, "32767"});
+    keys->insert({4096, UserDefinedGeoKey});
     keys->insert({4097, Id});
     return true;
 }

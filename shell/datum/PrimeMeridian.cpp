@@ -4,6 +4,7 @@
 #include "frame/NumberText.h"
 #include "frame/imported/XIni.h"
 #include "shell/datum/DatumDetail.h"
+#include "shell/units/GeoKeyDetail.h"
 
 #include <cmath>
 #include <memory>
@@ -136,7 +137,7 @@ bool TShellPrimeMeridian::ExportToGeoTIFF(std::map<int, std::string>* keys,
     TShellAngularUnit const& target = unit != nullptr ? *unit : *AngularUnit;
     std::string longitude =
         target.ValueToString(ValueInBase(*AngularUnit, Longitude) * target.CoefFromBase, -1);
-    keys->insert({keyCode, "32767"});
+    keys->insert({keyCode, UserDefinedGeoKey});
     keys->insert({keyLongitude, std::move(longitude)});
     return true;
 }

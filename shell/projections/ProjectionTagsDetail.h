@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/units/GeoKeyDetail.h"
+
 /**
  * Tags of a projection's subtree, and the geokeys of its parameters under their published names. They are the
  * keys of persistence: headers are labels only.
@@ -71,8 +73,5 @@ inline constexpr int StraightVerticalPoleLongitude = 3095;
 inline constexpr int RectifiedGridAngle = 3096;
 
 } // namespace ProjectionGeoKey
-
-/** Mark of a user-defined value in a geokey. */
-inline constexpr char const* UserDefinedGeoKey = "32767";
 
 } // namespace KvRefSystem

@@ -2,6 +2,7 @@
 
 #include "frame/NumberText.h"
 #include "frame/imported/XIni.h"
+#include "shell/units/GeoKeyDetail.h"
 #include "shell/units/UnitDetail.h"
 
 #include <stdexcept>
@@ -20,7 +21,6 @@ enum TUnitTag : int {
     tagDescription = 5322,
 };
 
-constexpr char const* UserDefinedGeoKey = "32767";
 constexpr int MaxFastDecimals = 60;
 
 template <class T>
