@@ -21,6 +21,9 @@ void RegisterProjections();
 /** Geodetic to UTM and back, with and without a datum shift. @throws std::runtime_error as above. */
 void RegisterProjectedRoad();
 
+/** Heights over a geoid. @throws std::runtime_error when two libraries don't agree or the grid is missing. */
+void RegisterGeoid();
+
 /** Systems from their description texts. */
 void RegisterCreation();
 

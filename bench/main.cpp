@@ -38,6 +38,7 @@ int main(int argc, char** argv) {
         VellariBench::RegisterSevenParameters();
         VellariBench::RegisterProjections();
         VellariBench::RegisterProjectedRoad();
+        VellariBench::RegisterGeoid();
         VellariBench::RegisterCreation();
         VellariBench::TTableReporter table;
         benchmark::RunSpecifiedBenchmarks(&table);

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The libraries export the names of their own namespaces and classes and nothing of what they are built with:
-# exported_names.sh VELLARI_LIBRARY HOST_KIT_LIBRARY
+# exported_names.sh VELLARI_LIBRARY HOST_KIT_LIBRARY [GRIDS_LIBRARY]
 set -euo pipefail
 
 status=0
@@ -28,4 +28,7 @@ functions='LoadResString|KvPrintDbgMsg|CalcSignedFigureArea'
 hooks='(Init|Deinit)_(QorDataUtils|LumMath)$|GlobalOT$|KvApplication$'
 check "$2" "^(${record}${result}((VellariHostKit|LumCommonUtils|Orvane|var_a_legacy)::|${globals})|${functions}|${hooks})" \
     '^Init_LumMath$'
+if [ -n "${3-}" ]; then
+    check "$3" "^${record}VellariHostKit::TGeoidGrid(::|$)" '::TGeoidGrid\('
+fi
 exit $status

@@ -32,11 +32,49 @@ libraries=$(pkg-config --variable=libdir vellari)
 "$compiler" -O2 -Wall -Wextra -Wpedantic -Werror $(pkg-config --cflags vellari) "$work/host/main.cpp" \
     -o "$work/by-pkg-config" $(pkg-config --libs vellari) "-Wl,-rpath,$libraries"
 
-# Every installed header is one that a host reaches by the two umbrella headers, and the other way round.
 include=$work/tree/include/Vellari
+grids_header=Vellari/hostkit/grids/GeoidGrid.h
+grids_pc=${pc%/*}/vellari-grids.pc
+if [ -f "$work/tree/include/$grids_header" ]; then
+    mkdir "$work/grids"
+    echo "#include <$grids_header>"'
+#include <cstdio>
+#include <exception>
+int main(int, char** arguments) {
+    try {
+        VellariHostKit::TGeoidGrid const grid(arguments[1]);
+        std::puts("read");
+    } catch (std::exception const& failure) {
+        std::puts(failure.what());
+    }
+}' >"$work/grids/main.cpp"
+    echo 'cmake_minimum_required(VERSION 3.25)
+project(Grids LANGUAGES CXX)
+find_package(Vellari REQUIRED COMPONENTS Grids)
+add_executable(grids main.cpp)
+target_link_libraries(grids PRIVATE Vellari::Grids)' >"$work/grids/CMakeLists.txt"
+    "$cmake" -S "$work/grids" -B "$work/grids/build" "-DCMAKE_CXX_COMPILER=$compiler" \
+        "-DCMAKE_PREFIX_PATH=$work/tree" >"$work/grids.log" 2>&1 || fail "$(cat "$work/grids.log")"
+    "$cmake" --build "$work/grids/build" >"$work/grids.log" 2>&1 || fail "$(cat "$work/grids.log")"
+    # shellcheck disable=SC2046 # the flags are words
+    "$compiler" $(pkg-config --cflags vellari-grids) "$work/grids/main.cpp" -o "$work/grids/by-pkg-config" \
+        $(pkg-config --libs vellari-grids) "-Wl,-rpath,$libraries"
+    for host in "$work/grids/build/grids" "$work/grids/by-pkg-config"; do
+        told=$("$host" "$work/missing.gtx")
+        [ "$told" = "$work/missing.gtx: can't be read: No such file or directory" ] || fail "\"$told\" of $host"
+    done
+elif [ -f "$grids_pc" ]; then
+    fail "there is $grids_pc without its header"
+fi
+
+# Every installed header is one that a host reaches by the umbrella headers and that of the grids, and the other way
+# round.
 installed=$(cd "$include" && find . -name '*.h' | sort)
 echo '#include <Vellari/Vellari.h>
-#include <Vellari/hostkit/HostKit.h>' >"$work/umbrellas.cpp"
+#include <Vellari/hostkit/HostKit.h>
+#if __has_include(<'$grids_header'>)
+#include <'$grids_header'>
+#endif' >"$work/umbrellas.cpp"
 reached=$("$compiler" -std=c++20 -MM "-I$work/tree/include" "-I$include" "$work/umbrellas.cpp" | tr -s ' \\\n' '\n' |
     sed -n "s|^$include/|./|p" | sort -u)
 [ "$installed" = "$reached" ] || fail "installed headers and those that hosts reach differ:

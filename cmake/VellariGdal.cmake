@@ -1,0 +1,12 @@
+# GDAL, through its programs: the libraries behind them are never linked. VELLARI_GDAL_REASON tells what is missing.
+set(VELLARI_GDAL_REASON)
+find_program(GDAL_CREATE gdal_create)
+find_program(GDALSRSINFO gdalsrsinfo)
+if(NOT GDAL_CREATE OR NOT GDALSRSINFO)
+    set(VELLARI_GDAL_REASON "gdal_create and gdalsrsinfo (Debian gdal-bin) aren't here")
+elseif(NOT TARGET TIFF::TIFF)
+    set(VELLARI_GDAL_REASON "libtiff, which reads the keys, isn't here")
+endif()
+if(VELLARI_GDAL_REASON)
+    message(STATUS "The comparison of the exports with GDAL is left out: ${VELLARI_GDAL_REASON}")
+endif()
