@@ -4,13 +4,14 @@ PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
 export JOBS
 
-.PHONY: help demo test bench accuracy install format lint asan coverage clang clean
+.PHONY: help demo test bench accuracy docs install format lint asan coverage clang clean
 
 help:
 	@echo 'make demo                 build the tool and transform some real points'
 	@echo 'make test                 build everything and run all tests'
 	@echo 'make bench                compare the speed with PROJ and GeographicLib'
 	@echo 'make accuracy             measure the projections against PROJ and write docs/accuracy.md'
+	@echo 'make docs                 build the reference of the public headers (build/docs/html)'
 	@echo 'make install PREFIX=DIR   install libraries, headers and tool (default /usr/local)'
 	@echo 'make format               bring all sources into the common format'
 	@echo 'make lint                 check format and code'
@@ -38,6 +39,10 @@ accuracy:
 	tools/setup build test
 	tools/build release vellari_accuracy
 	build/release/vellari_accuracy --write docs/accuracy.md
+
+docs:
+	tools/setup build docs
+	tools/docs
 
 install:
 	tools/setup build

@@ -24,7 +24,9 @@ public:
     TPtrVector& operator=(TPtrVector const&) = delete;
     ~TPtrVector() { Clear(); }
 
+    /** @return the number of items. */
     unsigned long Size() const { return items.size(); }
+    /** @param index below the size, unchecked. @return the item. */
     T* operator[](unsigned long index) const { return items[index]; }
 
     /** Appends and takes over `item`; it is ended when that fails. */

@@ -42,6 +42,7 @@ struct TBursaWolfDatumShiftParameters {
  */
 class TBursaWolfDatumShift : public TDatumShift {
 public:
+    /** @param parameters copied. */
     explicit TBursaWolfDatumShift(TBursaWolfDatumShiftParameters const& parameters);
     TBursaWolfDatumShift(TBursaWolfDatumShift const& source);
     ~TBursaWolfDatumShift() override;
@@ -60,6 +61,7 @@ public:
 /** Bursa-Wolf shift with exact rotations R = Rx(rx) Ry(ry) Rz(rz); the reverse is the exact inverse. */
 class TBursaWolfNonlinearDatumShift : public TDatumShift {
 public:
+    /** @param parameters copied. */
     explicit TBursaWolfNonlinearDatumShift(TBursaWolfDatumShiftParameters const& parameters);
     TBursaWolfNonlinearDatumShift(TBursaWolfNonlinearDatumShift const& source) = default;
     ~TBursaWolfNonlinearDatumShift() override;

@@ -11,7 +11,8 @@ namespace KvRefSystem::GOST51794 {
 
 // clang-format off
 
-// Edition of 2001
+///@{
+/** A record of the edition of 2001 [GOST51794-2001]. */
 inline constexpr TDatumShiftParams PULKOVO42_to_PZ90_2001 = {
     25.0, -141.0, -80.0, 0.0, -1.8e-06, -3.2999999999999997e-06, 0.0};
 inline constexpr TDatumShiftParams PULKOVO95_to_PZ90_2001 = {
@@ -24,8 +25,10 @@ inline constexpr TDatumShiftParams PZ90_to_PULKOVO95_2001 = {
     -25.9, 130.94, 81.76, -0.0, -0.0, -0.0, -0.0};
 inline constexpr TDatumShiftParams PZ90_to_WGS84_2001 = {
     -1.1, -0.3, -0.9, -0.0, -0.0, -8.199999999999999e-07, -1.2e-07};
+///@}
 
-// Edition of 2008
+///@{
+/** A record of the edition of 2008 [GOST51794-2008]. */
 inline constexpr TDatumShiftParams PULKOVO42_to_PZ90_02_2008 = {
     23.93, -141.03, -79.98, 0.0, -1.6968e-06, -3.83e-06, -2.1999999999999998e-07};
 inline constexpr TDatumShiftParams PULKOVO95_to_PZ90_02_2008 = {
@@ -54,8 +57,10 @@ inline constexpr TDatumShiftParams WGS84_to_PZ90_2008 = {
     1.1, 0.3, 0.9, -0.0, -0.0, 9.696e-07, 1.2e-07};
 inline constexpr TDatumShiftParams PZ90_to_PZ90_02_2008 = {
     1.07, 0.03, 0.02, -0.0, -0.0, -6.301999999999999e-07, -2.1999999999999998e-07};
+///@}
 
-// Revision of 2017
+///@{
+/** A record of the revision of 2017 [GOST32453-2017]. */
 inline constexpr TDatumShiftParams PULKOVO42_to_PZ90_11_2017 = {
     23.557, -140.844, -79.778,
     -1.1150714665519327e-08, -1.6796854795720985e-06, -3.850438736740046e-06, -2.28e-07};
@@ -90,6 +95,7 @@ inline constexpr TDatumShiftParams PZ90_11_to_ITRF2008_2017 = {
 inline constexpr TDatumShiftParams PZ90_11_to_GSK2011_2017 = {
     -0.0, -0.014, 0.008,
     2.7246528878355925e-09, 9.211459941081184e-11, -2.5695125098805407e-10, 5.999999999999999e-10};
+///@}
 
 // clang-format on
 

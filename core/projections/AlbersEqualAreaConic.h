@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** Parameters of Albers' equal-area cone; radians and metres. */
 struct TAlbersEqualAreaConicMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TAlbersEqualAreaConicMapProjectionParameters(double const& firstStandardParallel,
                                                  double const& secondStandardParallel,
                                                  double const& latitudeOfFalseOrigin,

@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** What defines a Cassini-Soldner projection. A plain record. */
 struct TCassiniSoldnerMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TCassiniSoldnerMapProjectionParameters(double const& latitudeOfOrigin, double const& longitudeOfOrigin,
                                            double const& falseEasting, double const& falseNorthing);
     TCassiniSoldnerMapProjectionParameters(TCassiniSoldnerMapProjectionParameters const&) = default;
@@ -27,6 +28,7 @@ struct TCassiniSoldnerMapProjectionParameters {
  */
 class TCassiniSoldnerMapProjection : public TMapProjection {
 public:
+    /** @param ellipsoid only read. @param parameters copied. */
     TCassiniSoldnerMapProjection(TEllipsoidSemiAxes const* ellipsoid,
                                  TCassiniSoldnerMapProjectionParameters const* parameters);
     TCassiniSoldnerMapProjection(TCassiniSoldnerMapProjection const& source);

@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** Parameters of the equidistant cone; radians and metres. */
 struct TEquidistantConicMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TEquidistantConicMapProjectionParameters(double const& firstStandardParallel,
                                              double const& secondStandardParallel,
                                              double const& latitudeOfOrigin, double const& longitudeOfOrigin,

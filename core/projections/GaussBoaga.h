@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** What describes a Gauss-Boaga, whose latitude of origin is the equator; radians and metres. */
 struct TGaussBoagaMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TGaussBoagaMapProjectionParameters(double const& centralMeridian, double const& scaleFactor,
                                        double const& falseEasting, double const& falseNorthing);
 

@@ -8,6 +8,7 @@ namespace KvRefSystem {
 
 /** What defines a Hatt projection. A plain record. */
 struct THattMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     THattMapProjectionParameters(double const& latitudeOfOrigin, double const& longitudeOfOrigin);
     THattMapProjectionParameters(THattMapProjectionParameters const&) = default;
 
@@ -29,6 +30,7 @@ struct THattMapProjectionParameters {
  */
 class THattMapProjection : public TMapProjection {
 public:
+    /** @param ellipsoid only read. @param parameters copied. */
     THattMapProjection(TEllipsoidSemiAxes const* ellipsoid, THattMapProjectionParameters const* parameters);
     THattMapProjection(THattMapProjection const& source);
     ~THattMapProjection() override;

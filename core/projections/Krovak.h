@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** What defines a Krovak projection. A plain record. */
 struct TKrovakMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TKrovakMapProjectionParameters(double const& latitudeOfCentre, double const& longitudeOfOrigin,
                                    double const& azimuthOfInitialLine,
                                    double const& latitudeOfPseudoStandardParallel, double const& scaleFactor,
@@ -39,6 +40,7 @@ struct TKrovakMapProjectionParameters {
  */
 class TKrovakMapProjection : public TMapProjection {
 public:
+    /** @param ellipsoid only read. @param parameters copied. */
     TKrovakMapProjection(TEllipsoidSemiAxes const* ellipsoid,
                          TKrovakMapProjectionParameters const* parameters);
     TKrovakMapProjection(TKrovakMapProjection const& source);

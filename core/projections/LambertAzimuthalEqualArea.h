@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** What defines a Lambert azimuthal equal-area projection. A plain record. */
 struct TLambertAzimuthalEqualAreaMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TLambertAzimuthalEqualAreaMapProjectionParameters(double const& latitudeOfOrigin,
                                                       double const& longitudeOfOrigin,
                                                       double const& falseEasting,
@@ -36,6 +37,7 @@ struct TLambertAzimuthalEqualAreaMapProjectionParameters {
  */
 class TLambertAzimuthalEqualAreaMapProjection : public TMapProjection {
 public:
+    /** @param ellipsoid only read. @param parameters copied. */
     TLambertAzimuthalEqualAreaMapProjection(
         TEllipsoidSemiAxes const* ellipsoid,
         TLambertAzimuthalEqualAreaMapProjectionParameters const* parameters);

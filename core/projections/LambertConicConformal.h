@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** Parameters of a Lambert conformal cone given by one parallel and its scale; radians and metres. */
 struct TLambertConicConformal1SPMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TLambertConicConformal1SPMapProjectionParameters(double const& latitudeOfOrigin,
                                                      double const& longitudeOfOrigin,
                                                      double const& scaleFactor, double const& falseEasting,
@@ -22,6 +23,7 @@ struct TLambertConicConformal1SPMapProjectionParameters {
 
 /** Parameters of a Lambert conformal cone given by two standard parallels; radians and metres. */
 struct TLambertConicConformal2SPMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TLambertConicConformal2SPMapProjectionParameters(double const& firstStandardParallel,
                                                      double const& secondStandardParallel,
                                                      double const& latitudeOfFalseOrigin,

@@ -81,6 +81,7 @@ public:
     TMapProjectionType Type; ///< class
 
 protected:
+    /** @param projectionType class. */
     explicit TMapProjection(TMapProjectionType projectionType);
     TMapProjection(TMapProjection const&) = default;
 };

@@ -7,6 +7,7 @@ namespace KvRefSystem {
 
 /** Parameters of the Mercator projection given by a standard parallel; radians and metres. */
 struct TMercator2SPMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TMercator2SPMapProjectionParameters(double const& firstStandardParallel, double const& longitudeOfOrigin,
                                         double const& falseEasting, double const& falseNorthing);
     TMercator2SPMapProjectionParameters(TMercator2SPMapProjectionParameters const& source);

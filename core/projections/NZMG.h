@@ -8,6 +8,7 @@ namespace KvRefSystem {
 
 /** What defines a New Zealand Map Grid. A plain record. */
 struct TNZMGMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TNZMGMapProjectionParameters(double const& latitudeOfOrigin, double const& longitudeOfOrigin,
                                  double const& falseEasting, double const& falseNorthing);
     TNZMGMapProjectionParameters(TNZMGMapProjectionParameters const&) = default;
@@ -39,10 +40,15 @@ public:
         double Real;
         double Imaginary;
 
+        /** first + second. */
         static void cadd(complex* result, complex const& first, complex const& second);
+        /** first - second. */
         static void csub(complex* result, complex const& first, complex const& second);
+        /** first * second. */
         static void cmult(complex* result, complex const& first, complex const& second);
+        /** first / second. */
         static void cdiv(complex* result, complex const& first, complex const& second);
+        /** value * factor. */
         static void cscale(complex* result, complex const& value, double const& factor);
     };
 
@@ -51,6 +57,7 @@ public:
      */
     static constexpr double rad2deg = 57.295779513082195;
 
+    /** @param ellipsoid only read. @param parameters copied. */
     TNZMGMapProjection(TEllipsoidSemiAxes const* ellipsoid, TNZMGMapProjectionParameters const* parameters);
     TNZMGMapProjection(TNZMGMapProjection const& source);
     ~TNZMGMapProjection() override;

@@ -7,6 +7,7 @@ namespace KvRefSystem {
 
 /** Parameters of Hotine's oblique Mercator projection; radians and metres. */
 struct THotineObliqueMercatorMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     THotineObliqueMercatorMapProjectionParameters(double const& latitudeOfCentre,
                                                   double const& longitudeOfCentre,
                                                   double const& azimuthOfInitialLine,
@@ -27,6 +28,7 @@ struct THotineObliqueMercatorMapProjectionParameters {
 
 /** Parameters of the oblique Mercator projection counted from its centre; radians and metres. */
 struct TObliqueMercatorMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TObliqueMercatorMapProjectionParameters(double const& latitudeOfCentre, double const& longitudeOfCentre,
                                             double const& azimuthOfInitialLine,
                                             double const& angleRectifiedToSkewGrid, double const& scaleFactor,

@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** Parameters of the oblique stereographic; radians and metres. */
 struct TObliqueStereographicMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TObliqueStereographicMapProjectionParameters(double const& longitudeOfOrigin,
                                                  double const& latitudeOfOrigin, double const& scaleFactor,
                                                  double const& falseEasting, double const& falseNorthing);

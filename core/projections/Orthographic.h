@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** What defines an orthographic projection. A plain record. */
 struct TOrthographicMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TOrthographicMapProjectionParameters(double const& latitudeOfOrigin, double const& longitudeOfOrigin,
                                          double const& falseEasting, double const& falseNorthing);
     TOrthographicMapProjectionParameters(TOrthographicMapProjectionParameters const&) = default;
@@ -34,6 +35,7 @@ struct TOrthographicMapProjectionParameters {
  */
 class TOrthographicMapProjection : public TMapProjection {
 public:
+    /** @param ellipsoid only read. @param parameters copied. */
     TOrthographicMapProjection(TEllipsoidSemiAxes const* ellipsoid,
                                TOrthographicMapProjectionParameters const* parameters);
     TOrthographicMapProjection(TOrthographicMapProjection const& source);

@@ -20,6 +20,7 @@ struct TPolarStereographicConstants {
 
 /** Parameters of the older polar stereographic; radians and metres. */
 struct TPolarStereographicMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TPolarStereographicMapProjectionParameters(double const& longitudeOfOrigin,
                                                double const& latitudeOfOrigin, double const& scaleFactor,
                                                double const& falseEasting, double const& falseNorthing);
@@ -33,6 +34,7 @@ struct TPolarStereographicMapProjectionParameters {
 
 /** Parameters of the polar stereographic by its scale at the pole; radians and metres. */
 struct TPolarStereographicBasicMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TPolarStereographicBasicMapProjectionParameters(TPole pole, double const& longitudeOfOrigin,
                                                     double const& scaleFactor, double const& falseEasting,
                                                     double const& falseNorthing);
@@ -46,6 +48,7 @@ struct TPolarStereographicBasicMapProjectionParameters {
 
 /** Parameters of the polar stereographic by its standard parallel; radians and metres. */
 struct TPolarStereographicNaturalOriginMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TPolarStereographicNaturalOriginMapProjectionParameters(TPole pole,
                                                             double const& latitudeOfStandardParallel,
                                                             double const& longitudeOfOrigin,
@@ -64,6 +67,7 @@ struct TPolarStereographicNaturalOriginMapProjectionParameters {
 
 /** Parameters of the polar stereographic by its false origin; radians and metres. */
 struct TPolarStereographicFalseOriginMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TPolarStereographicFalseOriginMapProjectionParameters(TPole pole,
                                                           double const& latitudeOfStandardParallel,
                                                           double const& longitudeOfOrigin,

@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** What defines a polyconic projection. A plain record. */
 struct TPolyconicMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TPolyconicMapProjectionParameters(double const& longitudeOfOrigin, double const& latitudeOfOrigin,
                                       double const& scaleFactor, double const& falseEasting,
                                       double const& falseNorthing);
@@ -35,6 +36,7 @@ struct TPolyconicMapProjectionParameters {
  */
 class TPolyconicMapProjection : public TMapProjection {
 public:
+    /** @param ellipsoid only read. @param parameters copied. */
     TPolyconicMapProjection(TEllipsoidSemiAxes const* ellipsoid,
                             TPolyconicMapProjectionParameters const* parameters);
     TPolyconicMapProjection(TPolyconicMapProjection const& source);

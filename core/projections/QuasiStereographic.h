@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** Parameters of the quasi-stereographic; radians and metres. */
 struct TQuasiStereographicMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TQuasiStereographicMapProjectionParameters(double const& longitudeOfOrigin,
                                                double const& latitudeOfOrigin, double const& scaleFactor,
                                                double const& falseEasting, double const& falseNorthing);

@@ -30,6 +30,7 @@ public:
     /** All 0. */
     TSkewCylinder() = default;
 
+    /** @param axes, place only read. */
     TSkewCylinder(TEllipsoidSemiAxes const& axes, TSkewCylinderPlace const& place);
 
     /** @param longitude, latitude radians. The arc tangent of u doesn't tell the quadrants (kept). */

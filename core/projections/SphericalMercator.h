@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** Parameters of the Mercator projection of a sphere; radians and metres. */
 struct TSphericalMercatorMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TSphericalMercatorMapProjectionParameters(double const& centralMeridian, double const& scaleFactor,
                                               double const& falseEasting, double const& falseNorthing);
     TSphericalMercatorMapProjectionParameters(TSphericalMercatorMapProjectionParameters const& source);

@@ -6,6 +6,7 @@ namespace KvRefSystem {
 
 /** What describes a Transverse Mercator; angles in radians, lengths in metres. */
 struct TTransverseMercatorMapProjectionParameters {
+    /** Angles in radians, lengths in metres. */
     TTransverseMercatorMapProjectionParameters(double const& centralMeridian, double const& latitudeOfOrigin,
                                                double const& scaleFactor, double const& falseEasting,
                                                double const& falseNorthing);

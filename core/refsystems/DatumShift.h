@@ -17,6 +17,7 @@ enum TDatumShiftType : int {
  */
 class TDatumShift {
 public:
+    /** @param type class. */
     explicit TDatumShift(TDatumShiftType type);
     virtual ~TDatumShift();
     TDatumShift(TDatumShift const&) = default;

@@ -154,7 +154,9 @@ public:
         PairwiseTransforms; ///< chains for pairs of systems, by key
 
 protected:
+    /** @param type kind. @param transforms own chain, copied. */
     TReferenceSystem(TReferenceSystemType type, TRefSystemTransformsSet const& transforms);
+    /** The same with chains for pairs of systems. @param pairwise copied. */
     TReferenceSystem(TReferenceSystemType type, TRefSystemTransformsSet const& transforms,
                      std::map<std::string, TRefSystemTransformsSet> const& pairwise);
 };

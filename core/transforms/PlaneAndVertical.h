@@ -27,6 +27,7 @@ public:
 /** Shift of the plane coordinates, metres. */
 class TPlaneShiftRefSystemTransform : public TRefSystemTransform {
 public:
+    /** @param dX, dY added to the base coordinates, metres. */
     TPlaneShiftRefSystemTransform(double const& dX, double const& dY);
     TPlaneShiftRefSystemTransform(TPlaneShiftRefSystemTransform const& source);
 

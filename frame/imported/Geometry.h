@@ -8,7 +8,9 @@ template <class T, unsigned long N>
 struct vec_t_ {
     T Elements[N] = {}; ///< the numbers
 
+    /** @param index below N, unchecked. @return the number. */
     T& operator[](std::size_t index) { return Elements[index]; }
+    /** The same for reading. */
     T const& operator[](std::size_t index) const { return Elements[index]; }
 };
 

@@ -22,7 +22,9 @@ public:
      */
     double GetElement(unsigned long column, unsigned long row) const;
 
+    /** @return the length of a row. */
     unsigned long Columns() const;
+    /** @return the length of a column. */
     unsigned long Rows() const;
 
 private:
@@ -43,6 +45,7 @@ public:
 
     /** @throws std::runtime_error with "double& TVector::operator[] (size_t index)" past the size. */
     double& operator[](unsigned long index);
+    /** The same for reading. */
     double operator[](unsigned long index) const;
 
     unsigned long Size;           ///< number of elements

@@ -13,6 +13,7 @@ struct var_a_item {
     std::atomic<std::uint64_t> count;     ///< number of handles
     void (*destroy_fn)(var_a_item* item); ///< called when the count comes to 0
 
+    /** An item with one handle. */
     explicit var_a_item(void (*destroy)(var_a_item* item)) : count(1), destroy_fn(destroy) {}
 };
 
@@ -21,8 +22,10 @@ template <class T>
 struct TPointer_var_a_item : var_a_item {
     T* object;
 
+    /** Takes over `source`, which may be null. */
     explicit TPointer_var_a_item(T* source) : var_a_item(&Destroy), object(source) {}
 
+    /** Ends object and item. @param item of this class. */
     static void Destroy(var_a_item* item) {
         auto* const self = static_cast<TPointer_var_a_item*>(item);
         delete self->object;
@@ -35,10 +38,12 @@ template <class T>
 struct TEmbedded_var_a_item : var_a_item {
     T object;
 
+    /** @param arguments of the object's constructor. */
     template <class... Arguments>
     explicit TEmbedded_var_a_item(Arguments&&... arguments)
         : var_a_item(&Destroy), object(std::forward<Arguments>(arguments)...) {}
 
+    /** Ends item and object. @param item of this class. */
     static void Destroy(var_a_item* item) { delete static_cast<TEmbedded_var_a_item*>(item); }
 };
 
@@ -49,6 +54,7 @@ struct TEmbedded_var_a_item : var_a_item {
 template <class T>
 class var_a {
 public:
+    /** The object's type, however T was written. */
     using object_type = std::remove_pointer_t<T>;
 
     /** An empty handle. */
@@ -58,15 +64,18 @@ public:
     var_a(var_a_item* sharedItem, object_type* sharedObject) noexcept
         : item(sharedItem), object(sharedObject) {}
 
+    /** Shares the object. */
     var_a(var_a const& source) noexcept : item(source.item), object(source.object) {
         if (item) {
             item->count.fetch_add(1, std::memory_order_relaxed);
         }
     }
 
+    /** Takes the share over; `source` is empty afterwards. */
     var_a(var_a&& source) noexcept
         : item(std::exchange(source.item, nullptr)), object(std::exchange(source.object, nullptr)) {}
 
+    /** Drops the share and takes that of `source`. */
     var_a& operator=(var_a source) noexcept {
         std::swap(item, source.item);
         std::swap(object, source.object);
@@ -90,7 +99,9 @@ public:
     /** @return whether there is an object; a handle with a count may still hold none. */
     explicit operator bool() const noexcept { return object != nullptr; }
 
+    /** @return the object; the handle must hold one, as for the reference below. */
     object_type* operator->() const noexcept { return object; }
+    /** @return the object. */
     object_type& operator*() const noexcept { return *object; }
 
     /** @return the number of handles of the object, 0 for an empty handle. */

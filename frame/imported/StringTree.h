@@ -59,10 +59,12 @@ public:
 
     /** @return the subtree (tag, idx), or null. */
     TStringTree* FindSubtree(int subtreeTag, int subtreeIdx);
+    /** The same for reading. */
     TStringTree const* FindSubtree(int subtreeTag, int subtreeIdx) const;
 
     /** @return the field (tag, idx), or null. */
     TStringField* FindField(int fieldTag, int fieldIdx);
+    /** The same for reading. */
     TStringField const* FindField(int fieldTag, int fieldIdx) const;
 
     /**

@@ -28,7 +28,9 @@ public:
                                       TShellLinearUnit const* linearUnit) const override;
 
 protected:
+    /** Reads what the base reads; `ReadParameters` comes from the class's constructor. */
     explicit TParameterisedMapProjection(TStringTree* tree) : TShellMapProjection(tree) {}
+    /** The same from XML. */
     explicit TParameterisedMapProjection(TKvXIniReader* xml) : TShellMapProjection(xml) {}
 
     /** @throws std::runtime_error with the text of the class's constructor for a key that is missing. */

@@ -14,7 +14,9 @@ namespace KvRefSystem {
 class TShellTransverseMercatorMapProjection
     : public TParameterisedMapProjection<TShellTransverseMercatorMapProjection> {
 public:
+    /** From a description. */
     explicit TShellTransverseMercatorMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellTransverseMercatorMapProjection(TKvXIniReader* xml);
 
     std::string LongitudeOfOrigin;
@@ -28,7 +30,9 @@ public:
 class TShellObliqueMercatorMapProjection
     : public TParameterisedMapProjection<TShellObliqueMercatorMapProjection> {
 public:
+    /** From a description. */
     explicit TShellObliqueMercatorMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellObliqueMercatorMapProjection(TKvXIniReader* xml);
 
     std::string LongitudeOfProjectionCentre;
@@ -44,7 +48,9 @@ public:
 class TShellHotineObliqueMercatorMapProjection
     : public TParameterisedMapProjection<TShellHotineObliqueMercatorMapProjection> {
 public:
+    /** From a description. */
     explicit TShellHotineObliqueMercatorMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellHotineObliqueMercatorMapProjection(TKvXIniReader* xml);
 
     std::string LongitudeOfProjectionCentre;
@@ -59,7 +65,9 @@ public:
 /** New Zealand Map Grid [EPSG7-2, 9811]. Kept: in XML the latitude is written first and read second. */
 class TShellNZMGMapProjection : public TParameterisedMapProjection<TShellNZMGMapProjection> {
 public:
+    /** From a description. */
     explicit TShellNZMGMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellNZMGMapProjection(TKvXIniReader* xml);
 
     std::string LongitudeOfNaturalOrigin;
@@ -72,7 +80,9 @@ public:
 class TShellAlbersEqualAreaConicMapProjection
     : public TParameterisedMapProjection<TShellAlbersEqualAreaConicMapProjection> {
 public:
+    /** From a description. */
     explicit TShellAlbersEqualAreaConicMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellAlbersEqualAreaConicMapProjection(TKvXIniReader* xml);
 
     std::string LongitudeOfOrigin;
@@ -90,7 +100,9 @@ public:
 class TShellLambertConicConformal2SPMapProjection
     : public TParameterisedMapProjection<TShellLambertConicConformal2SPMapProjection> {
 public:
+    /** From a description. */
     explicit TShellLambertConicConformal2SPMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellLambertConicConformal2SPMapProjection(TKvXIniReader* xml);
 
     std::string FirstStandardParallel;
@@ -108,7 +120,9 @@ public:
 class TShellLambertConicConformal1SPMapProjection
     : public TParameterisedMapProjection<TShellLambertConicConformal1SPMapProjection> {
 public:
+    /** From a description. */
     explicit TShellLambertConicConformal1SPMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellLambertConicConformal1SPMapProjection(TKvXIniReader* xml);
 
     std::string LatitudeOfOrigin;
@@ -122,7 +136,9 @@ public:
 class TShellCassiniSoldnerMapProjection
     : public TParameterisedMapProjection<TShellCassiniSoldnerMapProjection> {
 public:
+    /** From a description. */
     explicit TShellCassiniSoldnerMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellCassiniSoldnerMapProjection(TKvXIniReader* xml);
 
     std::string LatitudeOfOrigin;
@@ -134,7 +150,9 @@ public:
 /** Mercator by its standard parallel [EPSG7-2, 9805]. */
 class TShellMercator2SPMapProjection : public TParameterisedMapProjection<TShellMercator2SPMapProjection> {
 public:
+    /** From a description. */
     explicit TShellMercator2SPMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellMercator2SPMapProjection(TKvXIniReader* xml);
 
     std::string FirstStandardParallel;
@@ -146,7 +164,9 @@ public:
 /** Mercator by its scale at the equator [EPSG7-2, 9804]. */
 class TShellMercator1SPMapProjection : public TParameterisedMapProjection<TShellMercator1SPMapProjection> {
 public:
+    /** From a description. */
     explicit TShellMercator1SPMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellMercator1SPMapProjection(TKvXIniReader* xml);
 
     std::string LatitudeOfOrigin;
@@ -160,7 +180,9 @@ public:
 class TShellObliqueStereographicMapProjection
     : public TParameterisedMapProjection<TShellObliqueStereographicMapProjection> {
 public:
+    /** From a description. */
     explicit TShellObliqueStereographicMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellObliqueStereographicMapProjection(TKvXIniReader* xml);
 
     std::string LongitudeOfNaturalOrigin;
@@ -178,7 +200,9 @@ public:
 class TShellPolarStereographicMapProjection
     : public TParameterisedMapProjection<TShellPolarStereographicMapProjection> {
 public:
+    /** From a description. */
     explicit TShellPolarStereographicMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellPolarStereographicMapProjection(TKvXIniReader* xml);
 
     std::string LongitudeOfNaturalOrigin;
@@ -192,6 +216,7 @@ public:
 class TShellQuasiStereographicMapProjection
     : public TParameterisedMapProjection<TShellQuasiStereographicMapProjection> {
 public:
+    /** From a description. */
     explicit TShellQuasiStereographicMapProjection(TStringTree* tree);
 
     std::string LongitudeOfNaturalOrigin;
@@ -204,6 +229,7 @@ public:
 /** American Polyconic [EPSG7-2, 9818]. Kept: XML carries no parameters, and WKT has no scale factor. */
 class TShellPolyconicMapProjection : public TParameterisedMapProjection<TShellPolyconicMapProjection> {
 public:
+    /** From a description. */
     explicit TShellPolyconicMapProjection(TStringTree* tree);
 
     std::string LongitudeOfNaturalOrigin;
@@ -219,7 +245,9 @@ public:
  */
 class TShellKrovakMapProjection : public TParameterisedMapProjection<TShellKrovakMapProjection> {
 public:
+    /** From a description. */
     explicit TShellKrovakMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellKrovakMapProjection(TKvXIniReader* xml);
 
     std::string LatitudeOfProjectionCentre;
@@ -234,6 +262,7 @@ public:
 /** Hatt's azimuthal projection. Kept: XML carries no parameters. */
 class TShellHattMapProjection : public TParameterisedMapProjection<TShellHattMapProjection> {
 public:
+    /** From a description. */
     explicit TShellHattMapProjection(TStringTree* tree);
 
     std::string LatitudeOfOrigin;
@@ -244,10 +273,12 @@ public:
 class TShellPolarStereographicBasicMapProjection
     : public TParameterisedMapProjection<TShellPolarStereographicBasicMapProjection> {
 public:
+    /** From a description. */
     explicit TShellPolarStereographicBasicMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellPolarStereographicBasicMapProjection(TKvXIniReader* xml);
 
-    TPole Pole = TPole(0);
+    TPole Pole = TPole(0); ///< where the origin is
     std::string LongitudeOfNaturalOrigin;
     std::string ScaleFactorAtNaturalOrigin;
     std::string FalseEasting;
@@ -261,10 +292,12 @@ public:
 class TShellPolarStereographicNaturalOriginMapProjection
     : public TParameterisedMapProjection<TShellPolarStereographicNaturalOriginMapProjection> {
 public:
+    /** From a description. */
     explicit TShellPolarStereographicNaturalOriginMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellPolarStereographicNaturalOriginMapProjection(TKvXIniReader* xml);
 
-    TPole Pole = TPole(0);
+    TPole Pole = TPole(0); ///< where the origin is
     std::string LongitudeOfNaturalOrigin;
     std::string ScaleFactorAtNaturalOrigin;
     std::string FalseEasting;
@@ -278,10 +311,12 @@ public:
 class TShellPolarStereographicFalseOriginMapProjection
     : public TParameterisedMapProjection<TShellPolarStereographicFalseOriginMapProjection> {
 public:
+    /** From a description. */
     explicit TShellPolarStereographicFalseOriginMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellPolarStereographicFalseOriginMapProjection(TKvXIniReader* xml);
 
-    TPole Pole = TPole(0);
+    TPole Pole = TPole(0); ///< where the origin is
     std::string LongitudeOfNaturalOrigin;
     std::string FirstStandardParallel;
     std::string FalseEasting;
@@ -292,7 +327,9 @@ public:
 class TShellLambertAzimuthalEqualAreaMapProjection
     : public TParameterisedMapProjection<TShellLambertAzimuthalEqualAreaMapProjection> {
 public:
+    /** From a description. */
     explicit TShellLambertAzimuthalEqualAreaMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellLambertAzimuthalEqualAreaMapProjection(TKvXIniReader* xml);
 
     std::string LatitudeOfOrigin;
@@ -308,7 +345,9 @@ public:
 class TShellEquidistantConicMapProjection
     : public TParameterisedMapProjection<TShellEquidistantConicMapProjection> {
 public:
+    /** From a description. */
     explicit TShellEquidistantConicMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellEquidistantConicMapProjection(TKvXIniReader* xml);
 
     std::string FirstStandardParallel;
@@ -322,7 +361,9 @@ public:
 /** Orthographic projection [EPSG7-2, 9840]. */
 class TShellOrthographicMapProjection : public TParameterisedMapProjection<TShellOrthographicMapProjection> {
 public:
+    /** From a description. */
     explicit TShellOrthographicMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellOrthographicMapProjection(TKvXIniReader* xml);
 
     std::string LatitudeOfOrigin;
@@ -338,7 +379,9 @@ public:
 class TShellLambertConicConformal2SPBelgiumMapProjection
     : public TParameterisedMapProjection<TShellLambertConicConformal2SPBelgiumMapProjection> {
 public:
+    /** From a description. */
     explicit TShellLambertConicConformal2SPBelgiumMapProjection(TStringTree* tree);
+    /** From XML. */
     explicit TShellLambertConicConformal2SPBelgiumMapProjection(TKvXIniReader* xml);
 
     std::string FirstStandardParallel;
@@ -353,6 +396,7 @@ public:
 class TShellSphericalMercatorMapProjection
     : public TParameterisedMapProjection<TShellSphericalMercatorMapProjection> {
 public:
+    /** From a description. */
     explicit TShellSphericalMercatorMapProjection(TStringTree* tree);
 
     std::string LongitudeOfOrigin;

@@ -35,6 +35,7 @@ inline bool operator==(TShellUnit const& first, TShellLinearUnit const& second) 
     return first.operator==(static_cast<TShellUnit const&>(second));
 }
 
+/** As above: without it the comparison of two lengths would be ambiguous. */
 inline bool operator==(TShellLinearUnit const& first, TShellLinearUnit const& second) {
     return first.operator==(static_cast<TShellUnit const&>(second));
 }
