@@ -10,11 +10,6 @@ namespace KvRefSystem {
 
 namespace {
 
-TShellLinearUnit const* HeightUnitOf(TShellMapProjectedReferenceSystem const& system) {
-    TShellGeodeticReferenceSystem const* const base = system.BaseGeodetic;
-    return base && base->Vertical ? base->Vertical->HeightUnit : nullptr;
-}
-
 /** @return degrees: the geographic part of the geokeys is always in them. */
 std::unique_ptr<TShellAngularUnit> CreateDegree() {
     TStringTree tree;
@@ -119,7 +114,7 @@ bool TShellMapProjectedReferenceSystem::ExportToGeoTIFF(std::map<int, std::strin
                                                         bool WithGeoid) const {
     return ReportFailure([&] {
         std::unique_ptr<TShellAngularUnit> const degree = CreateDegree();
-        TShellLinearUnit const* const heightUnit = HeightUnitOf(*this);
+        TShellLinearUnit const* const heightUnit = FindHeightUnit();
         if (!BaseGeodetic || !BaseGeodetic->ExportToGeoTIFF(keys, WithGeoid, degree.get()) ||
             !TShellReferenceSystem::ExportToGeoTIFF(keys, WithGeoid) || !heightUnit || !LinearUnit ||
             !MapProjection) {
@@ -142,7 +137,7 @@ bool TShellMapProjectedReferenceSystem::ExportToGeoTIFF(std::map<int, std::strin
 
 bool TShellMapProjectedReferenceSystem::ExportToGeoTIFFClassified(std::map<int, std::string>* keys) const {
     return ReportFailure([&] {
-        TShellLinearUnit const* const heightUnit = HeightUnitOf(*this);
+        TShellLinearUnit const* const heightUnit = FindHeightUnit();
         if (!TShellReferenceSystem::ExportToGeoTIFFClassified(keys) || !LinearUnit || !heightUnit) {
             return false;
         }

@@ -89,20 +89,6 @@ TShellLinearUnit const& LinearUnitOf(TShellMapProjectedReferenceSystem const& sy
     return *system.LinearUnit;
 }
 
-TShellLinearUnit const* FindHeightUnit(TShellMapProjectedReferenceSystem const& system) {
-    TShellGeodeticReferenceSystem const* const base = system.BaseGeodetic;
-    return base && base->Vertical ? base->Vertical->HeightUnit : nullptr;
-}
-
-TShellLinearUnit const& HeightUnitOf(TShellMapProjectedReferenceSystem const& system) {
-    TShellLinearUnit const* const unit = FindHeightUnit(system);
-    if (!unit) {
-        throw std::runtime_error(
-            "const TShellLinearUnit& TShellMapProjectedReferenceSystem::GetHeightUnit() const");
-    }
-    return *unit;
-}
-
 /** Two plane coordinates, in the order and with the signs of the user's axes. */
 struct TPlane {
     double first;
@@ -222,9 +208,22 @@ void TShellMapProjectedReferenceSystem::FreeOwn() {
     MapProjection = nullptr;
 }
 
+TShellLinearUnit const* TShellMapProjectedReferenceSystem::FindHeightUnit() const {
+    return BaseGeodetic && BaseGeodetic->Vertical ? BaseGeodetic->Vertical->HeightUnit : nullptr;
+}
+
+TShellLinearUnit const& TShellMapProjectedReferenceSystem::HeightUnit() const {
+    TShellLinearUnit const* const unit = FindHeightUnit();
+    if (!unit) {
+        throw std::runtime_error(
+            "const TShellLinearUnit& TShellMapProjectedReferenceSystem::GetHeightUnit() const");
+    }
+    return *unit;
+}
+
 void TShellMapProjectedReferenceSystem::CoordsShellToCore(double const* shell, TCoords* core) const {
     double const toMetres = LinearUnitOf(*this).CoefToBase;
-    double const height = HeightUnitOf(*this).CoefToBase * shell[2];
+    double const height = HeightUnit().CoefToBase * shell[2];
     core->ZUndefined = false;
     core->Z = height;
     StorePlane(*this, {toMetres * shell[0], toMetres * shell[1]}, core);
@@ -237,14 +236,14 @@ void TShellMapProjectedReferenceSystem::CoordsCoreToShell(TCoords const& core, d
     if (core.ZUndefined) {
         throw std::runtime_error("TShellMapProjectedReferenceSystem::CoordsCoreToShell");
     }
-    shell[2] = core.Z * HeightUnitOf(*this).CoefFromBase;
+    shell[2] = core.Z * HeightUnit().CoefFromBase;
 }
 
 void TShellMapProjectedReferenceSystem::CoordsShellToCore(TShellCoords const& shell, TCoords* core) const {
     if (shell.Coord[2].empty()) {
         core->ZUndefined = true;
     } else {
-        TShellLinearUnit const& heightUnit = HeightUnitOf(*this);
+        TShellLinearUnit const& heightUnit = HeightUnit();
         core->ZUndefined = false;
         core->Z = heightUnit.StringToValue(shell.Coord[2]) * heightUnit.CoefToBase;
     }
@@ -262,7 +261,7 @@ void TShellMapProjectedReferenceSystem::CoordsCoreToShell(TCoords const& core, T
     printed.Coord[0] = unit.ValueToString(plane.first, -1);
     printed.Coord[1] = unit.ValueToString(plane.second, -1);
     if (!core.ZUndefined) {
-        TShellLinearUnit const& heightUnit = HeightUnitOf(*this);
+        TShellLinearUnit const& heightUnit = HeightUnit();
         printed.Coord[2] = heightUnit.ValueToString(core.Z * heightUnit.CoefFromBase, -1);
     }
     *shell = std::move(printed);
@@ -270,7 +269,7 @@ void TShellMapProjectedReferenceSystem::CoordsCoreToShell(TCoords const& core, T
 
 bool TShellMapProjectedReferenceSystem::InputCoords(TShellCoords const& texts, TShellUnit const* plane,
                                                     TShellUnit const* height, double* shell) const {
-    TShellLinearUnit const* const heightUnit = FindHeightUnit(*this);
+    TShellLinearUnit const* const heightUnit = FindHeightUnit();
     return LinearUnit && heightUnit && Kinds::ParseTexts(texts, 2, {*LinearUnit, plane}, shell) &&
            Kinds::ParseText(texts.Coord[2], {*heightUnit, height}, &shell[2]);
 }
@@ -282,13 +281,12 @@ void TShellMapProjectedReferenceSystem::OutputCoords(double const* shell, TShell
     TShellCoords printed;
     printed.Coord[0] = Kinds::PrintText(shell[0], {unit, plane}, planePrecision);
     printed.Coord[1] = Kinds::PrintText(shell[1], {unit, plane}, planePrecision);
-    printed.Coord[2] = Kinds::PrintText(shell[2], {HeightUnitOf(*this), height}, heightPrecision);
+    printed.Coord[2] = Kinds::PrintText(shell[2], {HeightUnit(), height}, heightPrecision);
     *texts = std::move(printed);
 }
 
 void TShellMapProjectedReferenceSystem::OutputCoordsDef(double const* shell, TShellCoords* texts) const {
-    OutputCoords(shell, texts, nullptr, LinearUnitOf(*this).Precision, nullptr,
-                 HeightUnitOf(*this).Precision);
+    OutputCoords(shell, texts, nullptr, LinearUnitOf(*this).Precision, nullptr, HeightUnit().Precision);
 }
 
 bool TShellMapProjectedReferenceSystem::IsLeft() const {
@@ -329,19 +327,19 @@ int TShellMapProjectedReferenceSystem::GetPlaneUnitDefPrec() const {
 }
 
 double TShellMapProjectedReferenceSystem::GetHeightUnitCoefToBase() const {
-    return HeightUnitOf(*this).CoefToBase;
+    return HeightUnit().CoefToBase;
 }
 
 std::string TShellMapProjectedReferenceSystem::GetHeightUnitName() const {
-    return HeightUnitOf(*this).Name;
+    return HeightUnit().Name;
 }
 
 std::string TShellMapProjectedReferenceSystem::GetHeightUnitShortName() const {
-    return Kinds::ShortName(HeightUnitOf(*this));
+    return Kinds::ShortName(HeightUnit());
 }
 
 int TShellMapProjectedReferenceSystem::GetHeightUnitDefPrec() const {
-    return HeightUnitOf(*this).Precision;
+    return HeightUnit().Precision;
 }
 
 bool TShellMapProjectedReferenceSystem::operator==(TShellReferenceSystem const& other) const {

@@ -119,6 +119,8 @@ public:
 private:
     void ReadTree(TStringTree* tree);
     bool ReadOwnXML(TKvXIniReader* reader);
+    TShellLinearUnit const* FindHeightUnit() const;
+    TShellLinearUnit const& HeightUnit() const;
     void FreeOwn();
 };
 

@@ -154,15 +154,19 @@ public:
      * @throws std::runtime_error without a unit, as the seven below.
      */
     virtual double GetPlaneUnitCoefToBase() const = 0;
+    /** @return the plane unit's name. */
     virtual std::string GetPlaneUnitName() const = 0;
     /** @return the plane unit's abbreviation, or its name without one. */
     virtual std::string GetPlaneUnitShortName() const = 0;
+    /** @return the decimals of a plane coordinate that its unit proposes. */
     virtual int GetPlaneUnitDefPrec() const = 0;
     /** @return metres in one height unit. */
     virtual double GetHeightUnitCoefToBase() const = 0;
+    /** @return the height unit's name. */
     virtual std::string GetHeightUnitName() const = 0;
     /** @return the height unit's abbreviation, or its name without one. */
     virtual std::string GetHeightUnitShortName() const = 0;
+    /** @return the decimals of a height that its unit proposes. */
     virtual int GetHeightUnitDefPrec() const = 0;
 
     /** Same kind, equal geometry and equal units; names don't count. */
@@ -235,9 +239,13 @@ public:
      * @throws std::logic_error with "TShellReferenceSystem::IsGlobal" for an unknown kind.
      */
     bool IsGlobal() const;
+    /** @return whether it is of the geodetic kind. */
     bool IsLatLon() const;
+    /** @return whether it is of the geocentric kind. */
     bool IsGeocentric() const;
+    /** @return whether it is of the map-projected kind. */
     bool IsProjected() const;
+    /** @return whether it is of the topocentric kind. */
     bool IsTopocentricHorizontal() const;
 
     /** Stores the ellipsoid's semi-axes in metres. @return false, nothing written, without an ellipsoid. */
@@ -334,6 +342,7 @@ public:
     /** @return a share of the proxy. */
     var_a<TShellReferenceSystem*> GetProxyRefSys() const;
 
+    /** @return whether there is a proxy. */
     bool ContainsProxyRefSys() const;
 
     /** @return the proxy's text with its closing NUL, or an empty one. */
@@ -353,10 +362,15 @@ public:
 
     // Own chain: live chain, description and core, in this order; a false ends with what is done
 
+    /** Appends a copy of a record. @return false for null or when a step failed, as the four below. */
     bool AppendTransform(TShellRefSystemTransformParams const* params);
+    /** Takes a record away. @param index from 0. */
     bool DeleteTransform(int index);
+    /** Puts a copy of a record in place of another. @param index from 0. */
     bool ReplaceTransform(int index, TShellRefSystemTransformParams const& params);
+    /** Exchanges two records. @param first, second from 0. */
     bool SwapTransforms(int first, int second);
+    /** Takes the chain away. */
     bool ClearTransforms();
 
     /** Takes the chain out of the description only. */
@@ -375,7 +389,9 @@ public:
      * @return false when a step failed; a new chain is gone then.
      */
     bool AppendPairwiseTransform(std::string const& name, TShellRefSystemTransformParams const* params);
+    /** Takes a record away. @param index from 0. @return false when a step failed. */
     bool DeletePairwiseTransform(std::string const& name, int index);
+    /** Puts a copy of a record in place of another. @param index from 0. @return false when a step failed. */
     bool ReplacePairwiseTransform(std::string const& name, int index,
                                   TShellRefSystemTransformParams const& params);
 

@@ -126,6 +126,13 @@ TProjectedText TransverseMercator(std::string const& meridian, std::string const
     return text;
 }
 
+TLocalText Curved(std::string const& radius) {
+    TLocalText text;
+    text.type = 2;
+    text.radius = radius;
+    return text;
+}
+
 TStringTree* Child(TStringTree* tree, int tag, int idx, std::string const& header) {
     tree->InsertSubtree(header, tag, idx);
     return tree->FindSubtree(tag, idx);
@@ -184,6 +191,53 @@ void FillProjected(TStringTree* tree, TProjectedText const& text) {
     }
 }
 
+void FillGeocentric(TStringTree* tree, TGeocentricText const& text) {
+    SetField(tree, 1020, text.name);
+    SetField(tree, 1021, text.description);
+    SetField(tree, 1100, "3");
+    FillMeridian(Child(tree, 1101), text.base);
+    FillUnit(Child(tree, 1104), text.linearUnit);
+    FillDatum(tree, text.base);
+}
+
+void FillTopocentric(TStringTree* tree, TTopocentricText const& text) {
+    SetField(tree, 1020, text.name);
+    SetField(tree, 1021, text.description);
+    SetField(tree, 1100, "6");
+    SetField(tree, 1400, KvRefSystem::FormatText("%d", text.swap));
+    FillUnit(Child(tree, 1104), text.linearUnit);
+    for (int axis = 0; axis < 3; ++axis) {
+        SetField(tree, 1120, text.origin[axis], axis);
+    }
+    if (!text.azimuth.empty()) {
+        SetField(tree, 1122, text.azimuth);
+    }
+    FillGeodetic(Child(tree, 1121), text.base);
+}
+
+void FillLocal(TStringTree* tree, TLocalText const& text) {
+    SetField(tree, 1020, text.name);
+    SetField(tree, 1021, text.description);
+    SetField(tree, 1100, KvRefSystem::FormatText("%d", text.type));
+    SetField(tree, 1400, KvRefSystem::FormatText("%d", text.swap));
+    FillUnit(Child(tree, 1104), text.linearUnit);
+    if (text.type == 1) {
+        return;
+    }
+    TStringTree* const sphere = Child(tree, 1103);
+    SetField(sphere, 5120, "Sphere");
+    SetField(sphere, 5121, "");
+    SetField(sphere, 5110, text.radius);
+    SetField(sphere, 5111, text.radius);
+    SetField(sphere, 5114, "0");
+    SetField(sphere, 5115, "1");
+    FillUnit(Child(sphere, 5113), text.radiusUnit);
+    if (text.hasCentre) {
+        SetField(tree, 1120, text.centre[0], 0);
+        SetField(tree, 1120, text.centre[1], 1);
+    }
+}
+
 void AddPlaneShift(TStringTree* tree, double shiftX, double shiftY) {
     TStringTree* const record = Child(Child(tree, 1108), 7100);
     record->InsertInteger("type", 7101, 0, 4);
@@ -210,6 +264,24 @@ std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TGeodeticText const& 
 std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TProjectedText const& text) {
     TStringTree tree;
     FillProjected(&tree, text);
+    return Create(&tree);
+}
+
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TGeocentricText const& text) {
+    TStringTree tree;
+    FillGeocentric(&tree, text);
+    return Create(&tree);
+}
+
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TTopocentricText const& text) {
+    TStringTree tree;
+    FillTopocentric(&tree, text);
+    return Create(&tree);
+}
+
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TLocalText const& text) {
+    TStringTree tree;
+    FillLocal(&tree, text);
     return Create(&tree);
 }
 

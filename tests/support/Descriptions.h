@@ -79,6 +79,41 @@ struct TProjectedText {
     bool datumAtRoot = false; ///< the base's meridian and datum stand at the root as well
 };
 
+/** Texts of a geocentric description; the defaults are WGS 84 on Greenwich without a datum, metres. */
+struct TGeocentricText {
+    std::string name = "Test geocentric";
+    std::string description = "";
+    TGeodeticText base; ///< its meridian and its datum or ellipsoid
+    TUnitText linearUnit = Metre();
+};
+
+/** Texts of a topocentric description; the defaults lie at latitude 0, longitude 0, height 0. */
+struct TTopocentricText {
+    std::string name = "Test horizon";
+    std::string description = "";
+    TGeodeticText base; ///< the primary system
+    TUnitText linearUnit = Metre();
+    int swap = 0;                            ///< 0: right-handed
+    std::string origin[3] = {"0", "0", "0"}; ///< latitude, longitude, height in units of the base
+    std::string azimuth = "";                ///< no field when it is empty
+};
+
+/** Texts of a description of one of the two local kinds. */
+struct TLocalText {
+    std::string name = "Test plan";
+    std::string description = "";
+    int type = 1; ///< 1: Cartesian; 2: curved
+    TUnitText linearUnit = Metre();
+    int swap = 0;                   ///< 0: right-handed
+    std::string radius = "6371000"; ///< of a curved one, like the three below
+    TUnitText radiusUnit = Metre();
+    bool hasCentre = false;
+    std::string centre[2] = {"0", "0"};
+};
+
+/** The curved kind with its radius in metres. */
+TLocalText Curved(std::string const& radius);
+
 /** A zone of UTM. @param hemisphere 'N' or 'S'. */
 TProjectedText UtmZone(int zone, char hemisphere);
 
@@ -97,6 +132,9 @@ void FillGeodetic(TStringTree* tree, TGeodeticText const& text);
 /** Fills the subtree of a projection, without the placement of the axes. */
 void FillProjection(TStringTree* tree, TProjectedText const& text);
 void FillProjected(TStringTree* tree, TProjectedText const& text);
+void FillGeocentric(TStringTree* tree, TGeocentricText const& text);
+void FillTopocentric(TStringTree* tree, TTopocentricText const& text);
+void FillLocal(TStringTree* tree, TLocalText const& text);
 
 /**
  * A description of one plane affine record under the own chain (tag 1108): x' = x + shiftX, y' = y + shiftY
@@ -110,6 +148,9 @@ std::string TextOf(TStringTree const& tree);
 /** The system of a description; null when the factory gives null. */
 std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TGeodeticText const& text);
 std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TProjectedText const& text);
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TGeocentricText const& text);
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TTopocentricText const& text);
+std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TLocalText const& text);
 std::unique_ptr<KvRefSystem::TShellReferenceSystem> Create(TStringTree* tree);
 
 /** The whole text of a file of the repository. */

@@ -1,6 +1,6 @@
 #include "shell/refsystems/GeodeticReferenceSystem.h"
 
-#include "tests/support/Descriptions.h"
+#include "tests/support/CartesianSystems.h"
 
 #include <gtest/gtest.h>
 
@@ -77,6 +77,19 @@ TEST(ReferenceSystemSlots, StandInTheOrderThatHostsCall) {
     EXPECT_EQ(SlotOf(&TBase::InsertCorePairwiseTransforms), 39U);
 }
 
+template <class System>
+std::size_t OneArgumentMifSlot() {
+    return SlotOf<bool (System::*)(std::string*) const>(&System::ExportToMIFMID);
+}
+
+TEST(ReferenceSystemSlots, FourKindsHaveOneMoreAtTheEnd) {
+    // It overrides nothing: a call through the base's slot 13 runs the base's operation.
+    EXPECT_EQ(OneArgumentMifSlot<TShellGeocentricReferenceSystem>(), 40U);
+    EXPECT_EQ(OneArgumentMifSlot<TShellTopocentricHorizontalReferenceSystem>(), 40U);
+    EXPECT_EQ(OneArgumentMifSlot<TShellLocalCartesianReferenceSystem>(), 40U);
+    EXPECT_EQ(OneArgumentMifSlot<TShellLocalCurvedReferenceSystem>(), 40U);
+}
+
 TEST(ReferenceSystemSlots, OfTheVerticalPartFollowItsDestructor) {
     using TVertical = TShellVerticalReferenceSystem;
     EXPECT_EQ(SlotOf<bool (TVertical::*)(TVertical const&) const>(&TVertical::operator==), 2U);
@@ -114,6 +127,32 @@ TEST(ReferenceSystemSlots, MembersStandInTheirOrder) {
     EXPECT_EQ(OffsetOf(system, system.PositiveLongitude), 496);
     EXPECT_EQ(OffsetOf(system, system.Vertical), 504);
     EXPECT_EQ(OffsetOf(*system.Vertical, system.Vertical->HeightUnit), 8);
+}
+
+TEST(ReferenceSystemSlots, MembersOfTheCartesianKindsFollowTheBases) {
+    // The base ends at 488. A number of 32 bits or a bool takes a place of 8 before a pointer or a string.
+    auto const geocentric = Live(TGeocentricText());
+    EXPECT_EQ(OffsetOf(*geocentric, geocentric->LinearUnit), 488);
+    auto const topocentric = Live(TTopocentricText());
+    EXPECT_EQ(OffsetOf(*topocentric, topocentric->BaseGeodetic), 488);
+    EXPECT_EQ(OffsetOf(*topocentric, topocentric->LinearUnit), 496);
+    EXPECT_EQ(OffsetOf(*topocentric, topocentric->Orientation), 504);
+    EXPECT_EQ(sizeof topocentric->Orientation, 4U);
+    EXPECT_EQ(OffsetOf(*topocentric, topocentric->OriginCoord), 512);
+    EXPECT_EQ(OffsetOf(*topocentric, topocentric->Azimuth), 608);
+    auto const plane = LiveCartesian(TLocalText());
+    EXPECT_EQ(OffsetOf(*plane, plane->LinearUnit), 488);
+    EXPECT_EQ(OffsetOf(*plane, plane->SwapAxes), 496);
+    auto const curved = LiveCurved(Curved("1"));
+    EXPECT_EQ(OffsetOf(*curved, curved->LinearUnit), 488);
+    EXPECT_EQ(OffsetOf(*curved, curved->Orientation), 496);
+    EXPECT_EQ(OffsetOf(*curved, curved->OriginCoord), 504);
+    EXPECT_EQ(OffsetOf(*curved, curved->NoOrigin), 568);
+    EXPECT_EQ(OffsetOf(*curved, curved->SphereUnit), 576);
+    EXPECT_EQ(OffsetOf(*curved, curved->SphereRadiusText), 584);
+    EXPECT_EQ(OffsetOf(*curved, curved->SphereRadius), 616);
+    // One base, at the beginning: a pointer to the object is one to the base.
+    EXPECT_EQ(static_cast<void const*>(static_cast<TBase const*>(curved.get())), curved.get());
 }
 
 } // namespace

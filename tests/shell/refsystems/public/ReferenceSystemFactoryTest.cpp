@@ -41,6 +41,55 @@ TEST(ReferenceSystemFactory, ATextThatFailsAnywhereGivesNull) {
     EXPECT_FALSE(Builds("(0,0)\n(1100,0)[1]type\t4\n\n"));
 }
 
+TEST(ReferenceSystemFactory, BuildsAllSixKinds) {
+    TProjectedText const projected = UtmZone(31, 'N');
+    std::unique_ptr<TShellReferenceSystem> const systems[] = {
+        Create(TLocalText()),    Create(Curved("6371000")), Create(TGeocentricText()),
+        Create(TGeodeticText()), Create(projected),         Create(TTopocentricText())};
+    int kind = 0;
+    for (auto const& system : systems) {
+        ++kind;
+        ASSERT_NE(system, nullptr) << kind;
+        EXPECT_EQ(system->Type, kind);
+        EXPECT_TRUE(Builds(TextOf(*system->SavedTree))) << kind;
+        EXPECT_EQ(system->IsGlobal(), kind > 2) << kind;
+    }
+}
+
+TEST(ReferenceSystemFactory, AKindDecidesWhatTheDescriptionMustHold) {
+    for (char const* const kind : {"1", "2", "3", "5", "6"}) {
+        TStringTree tree;
+        FillGeodetic(&tree, WithZeroShift());
+        SetField(&tree, 1100, kind);
+        EXPECT_THROW(Create(&tree), std::runtime_error) << kind;
+        EXPECT_FALSE(Builds(TextOf(tree))) << kind;
+    }
+}
+
+TEST(ReferenceSystemFactory, XmlOfAnUnknownKindGivesNullAndABrokenOneThrows) {
+    auto const system = Create(TLocalText());
+    VellariHostKit::TXmlIniWriter writer;
+    ASSERT_TRUE(system->SaveToXML(&writer));
+    std::string const document = writer.ToString();
+    std::string const kind = "<RefSystemType>1<";
+    for (char const* const value : {"0", "7", "-1"}) {
+        std::string changed = document;
+        changed.replace(changed.find(kind), kind.size(), std::string("<RefSystemType>") + value + "<");
+        VellariHostKit::TXmlIniReader reader;
+        reader.LoadString(changed);
+        EXPECT_EQ(CreateShellReferenceSystem(&reader, nullptr), nullptr) << value;
+    }
+    for (char const* const value : {"2", "3", "4", "5", "6"}) {
+        std::string changed = document;
+        changed.replace(changed.find(kind), kind.size(), std::string("<RefSystemType>") + value + "<");
+        changed.erase(changed.find("<RefSystemLinearUnit>"),
+                      changed.find("</Vellari>") - changed.find("<RefSystemLinearUnit>"));
+        VellariHostKit::TXmlIniReader reader;
+        reader.LoadString(changed);
+        EXPECT_THROW(delete CreateShellReferenceSystem(&reader, nullptr), std::runtime_error) << value;
+    }
+}
+
 TEST(ReferenceSystemFactory, AnUnknownKindGivesNull) {
     for (char const* const kind : {"0", "7", "-1", "four", ""}) {
         TStringTree tree;
