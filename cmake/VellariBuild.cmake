@@ -111,7 +111,13 @@ function(vellari_optimise target)
         set_target_properties(${target} PROPERTIES INTERPROCEDURAL_OPTIMIZATION_RELEASE ON)
         if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
             # g++ 12 sees overruns in its own std::string when it inlines across files; the compile steps still warn.
-            target_link_options(${target} PRIVATE
+            # An archive is inlined where it is linked.
+            set(scope PRIVATE)
+            get_target_property(type ${target} TYPE)
+            if(type STREQUAL "STATIC_LIBRARY")
+                set(scope INTERFACE)
+            endif()
+            target_link_options(${target} ${scope}
                 -Wno-stringop-overread -Wno-stringop-overflow -Wno-array-bounds -Wno-restrict)
         endif()
     endif()

@@ -23,12 +23,11 @@ std::string fieldText(LumCommonUtils::TStringTree const& tree, int tag, int idx)
     return text;
 }
 
-TEST_P(CatalogEntry, BuildsASystemOnTheEarth) {
+TEST_P(CatalogEntry, BuildsASystem) {
     auto const system = BuildEntry(GetParam());
     ASSERT_NE(system, nullptr);
-    EXPECT_TRUE(system->Type == rstGeodetic || system->Type == rstMapProjected) << system->Type;
     EXPECT_EQ(system->IsLatLon(), system->Type == rstGeodetic);
-    EXPECT_TRUE(system->IsGlobal());
+    EXPECT_EQ(system->IsGlobal(), system->Type != rstLocalCartesian && system->Type != rstLocalCurved);
     EXPECT_NE(system->CoreRefSystem, nullptr);
 }
 
@@ -77,15 +76,26 @@ TEST_P(CatalogEntry, HasATitleNameAbbreviationAndAxes) {
         EXPECT_EQ(system->AxisName[0], "Latitude");
         EXPECT_EQ(system->AxisName[1], "Longitude");
     }
-    EXPECT_EQ(system->AxisName[2], "Height");
+    if (system->Type == rstGeodetic || system->Type == rstMapProjected) {
+        EXPECT_EQ(system->AxisName[2], "Height");
+    }
+    for (std::string const& axis : system->AxisName) {
+        EXPECT_FALSE(axis.empty());
+    }
 }
 
 TEST_P(CatalogEntry, NamesItsSourceAndAccuracyInTheDescription) {
     auto const system = BuildEntry(GetParam());
     ASSERT_NE(system, nullptr);
-    std::string const source = "EPSG:" + system->GeoTIFFCode + ". ";
-    EXPECT_EQ(system->Description.find(source), 0u) << system->Description;
-    char const* const accuracy = system->DatumShift != nullptr ? " Accuracy " : "no accuracy is published";
+    // Frames are made for a place and stand in no register.
+    bool const isFrame = system->Type == rstTopocentricHorizontal || system->Type == rstLocalCartesian;
+    EXPECT_EQ(system->GeoTIFFCode.empty(), isFrame);
+    if (!isFrame) {
+        std::string const source = "EPSG:" + system->GeoTIFFCode + ". ";
+        EXPECT_EQ(system->Description.find(source), 0u) << system->Description;
+    }
+    char const* const accuracy =
+        system->GetDatumShift() != nullptr ? " Accuracy " : "no accuracy is published";
     EXPECT_NE(system->Description.find(accuracy), std::string::npos) << system->Description;
 }
 
@@ -93,12 +103,20 @@ TEST_P(CatalogEntry, HasEveryUnitWithACodeOfTheExchangeFormats) {
     LumCommonUtils::TStringTree tree;
     std::string const text = ReadEntry(GetParam());
     tree.ReadFromString(text.c_str(), nullptr, nullptr);
-    LumCommonUtils::TStringTree const* geodetic = &tree;
-    if (auto const* const primary = tree.FindSubtree(1121, 0)) {
-        geodetic = primary;
-        auto const* const plane = tree.FindSubtree(1104, 0);
-        ASSERT_NE(plane, nullptr);
-        EXPECT_FALSE(fieldText(*plane, 102002, 0).empty());
+    int kind = 0;
+    ASSERT_TRUE(tree.GetInteger(1100, 0, &kind));
+    if (kind != rstGeodetic) {
+        auto const* const unit = tree.FindSubtree(1104, 0);
+        ASSERT_NE(unit, nullptr);
+        EXPECT_FALSE(fieldText(*unit, 102002, 0).empty());
+    }
+    if (kind == rstGeocentric || kind == rstLocalCartesian) {
+        return;
+    }
+    auto const* const primary = tree.FindSubtree(1121, 0);
+    EXPECT_EQ(primary != nullptr, kind != rstGeodetic);
+    auto const* const geodetic = primary != nullptr ? primary : &tree;
+    if (kind == rstMapProjected) {
         auto const* const projection = tree.FindSubtree(1300, 0);
         ASSERT_NE(projection, nullptr);
         auto const* const angles = projection->FindSubtree(6090, 0);
@@ -128,6 +146,12 @@ TEST(Catalog, HoldsSixteenGeodeticSystems) {
         "tokyo",  "wgs-84",       "wgs-84-dms",   "wgs-84-feet",
     };
     EXPECT_EQ(GeodeticNames(), expected);
+}
+
+TEST(Catalog, HoldsTwoGeocentricSystemsAndTwoFrames) {
+    std::vector<std::string> const expected = {"etrs89-geocentric", "local-metres", "topocentric-moscow",
+                                               "wgs-84-geocentric"};
+    EXPECT_EQ(FrameNames(), expected);
 }
 
 TEST(Catalog, HoldsNineteenGrids) {

@@ -240,13 +240,17 @@ TEST(CatalogSphere, IsTheAuthalicSphereOfTheRegisterWithoutADatum) {
     EXPECT_EQ(ReadRegisterName("ellipsoid", "7048"), expected.EllipsoidName);
 }
 
-TEST(CatalogRegisterRows, CoverEveryEntryWithADatum) {
+TEST(CatalogRegisterRows, CoverEveryGeodeticSystemAndEveryGrid) {
     std::vector<std::string> covered = {"sphere"};
     for (TRow const& row : rows) {
         covered.emplace_back(row.Entry);
     }
     std::sort(covered.begin(), covered.end());
-    EXPECT_EQ(covered, CatalogNames());
+    std::vector<std::string> expected = CatalogNames();
+    for (std::string const& frame : FrameNames()) {
+        expected.erase(std::find(expected.begin(), expected.end(), frame));
+    }
+    EXPECT_EQ(covered, expected);
 }
 
 } // namespace

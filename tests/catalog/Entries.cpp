@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 #include <iterator>
 #include <stdexcept>
 
@@ -13,14 +14,15 @@ namespace VellariTest {
 
 namespace {
 
-/** The names of the entries that are, or aren't, of the map-projected kind. */
-std::vector<std::string> namesOfKind(bool projected) {
+/** The names of the entries of some kinds. */
+std::vector<std::string> namesOfKinds(std::initializer_list<int> kinds) {
     std::vector<std::string> names;
     for (std::string const& name : CatalogNames()) {
         LumCommonUtils::TStringTree tree;
         tree.ReadFromString(ReadEntry(name).c_str(), nullptr, nullptr);
         int kind = 0;
-        if ((tree.GetInteger(1100, 0, &kind) && kind == KvRefSystem::rstMapProjected) == projected) {
+        tree.GetInteger(1100, 0, &kind);
+        if (std::find(kinds.begin(), kinds.end(), kind) != kinds.end()) {
             names.push_back(name);
         }
     }
@@ -49,11 +51,16 @@ std::vector<std::string> CatalogNames() {
 }
 
 std::vector<std::string> GridNames() {
-    return namesOfKind(true);
+    return namesOfKinds({KvRefSystem::rstMapProjected});
 }
 
 std::vector<std::string> GeodeticNames() {
-    return namesOfKind(false);
+    return namesOfKinds({KvRefSystem::rstGeodetic});
+}
+
+std::vector<std::string> FrameNames() {
+    return namesOfKinds({KvRefSystem::rstLocalCartesian, KvRefSystem::rstLocalCurved,
+                         KvRefSystem::rstGeocentric, KvRefSystem::rstTopocentricHorizontal});
 }
 
 std::string ReadEntry(std::string const& name) {

@@ -20,8 +20,11 @@ std::vector<std::string> CatalogNames();
 /** Those of the map-projected entries. */
 std::vector<std::string> GridNames();
 
-/** All others. */
+/** Those of the geodetic entries. */
 std::vector<std::string> GeodeticNames();
+
+/** Those of all others: geocentric systems, topocentric and local frames. */
+std::vector<std::string> FrameNames();
 
 /** The text of an entry. */
 std::string ReadEntry(std::string const& name);
