@@ -23,7 +23,13 @@ TEST(ListCommand, ShowsNamesAndTitlesInGroups) {
     EXPECT_LT(grids, run.out.find("\n  rd-new "));
     EXPECT_LT(run.out.find("\n  rd-new "), zones);
     EXPECT_LT(zones, run.out.find("\n  utm:ZONE(N|S) "));
-    EXPECT_THAT(run.out, Not(HasSubstr("Other systems")));
+    std::size_t const geocentric = run.out.find("\nGeocentric systems\n");
+    std::size_t const frames = run.out.find("\nTopocentric and local frames\n");
+    EXPECT_LT(run.out.find("\n  rd-new "), geocentric);
+    EXPECT_LT(geocentric, run.out.find("\n  wgs-84-geocentric "));
+    EXPECT_LT(run.out.find("\n  etrs89-geocentric "), frames);
+    EXPECT_LT(frames, run.out.find("\n  local-metres "));
+    EXPECT_LT(run.out.find("\n  topocentric-moscow "), zones);
     EXPECT_EQ(run.status, 0);
 }
 
@@ -104,7 +110,9 @@ TEST(ShowCommand, XmlHoldsAllFieldsOfTheDescription) {
 
 TEST(ShowCommand, AnUnknownFormatNamesTheFormats) {
     TToolRun const run = RunTool({"show", "wgs-84", "--as", "pdf"});
-    EXPECT_EQ(run.err, "vellari: --as pdf is not a format; formats are summary, text, xml\n");
+    EXPECT_EQ(run.err,
+              "vellari: --as pdf is not a format; formats are summary, text, xml, wkt, wkt-compound, mif, "
+              "geotiff, panorama\n");
     EXPECT_EQ(run.status, 2);
 }
 
@@ -234,7 +242,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(HelpCommand, ListsItsTopics) {
     TToolRun const run = RunTool({"help"});
-    for (char const* const topic : {"transform", "systems", "points", "units", "exit-status"}) {
+    for (char const* const topic :
+         {"transform", "gost", "systems", "formats", "points", "relations", "units", "exit-status"}) {
         EXPECT_THAT(run.out, HasSubstr(std::string("vellari help ") + topic));
         TToolRun const text = RunTool({"help", topic});
         EXPECT_GT(CountLines(text.out), 5) << topic;
@@ -248,9 +257,10 @@ TEST(HelpCommand, ListsTheUnits) {
 
 TEST(HelpCommand, AnUnknownTopicNamesTheTopics) {
     TToolRun const run = RunTool({"help", "cooking"});
-    EXPECT_EQ(run.err,
-              "vellari: there is no help on \"cooking\"; topics are transform, systems, points, units, "
-              "exit-status\n");
+    EXPECT_EQ(
+        run.err,
+        "vellari: there is no help on \"cooking\"; topics are transform, gost, systems, formats, points, "
+        "relations, units, exit-status\n");
     EXPECT_EQ(run.status, 2);
 }
 
@@ -262,7 +272,8 @@ TEST(CommandLine, TellsTheVersion) {
 
 TEST(CommandLine, HelpNamesTheCommands) {
     TToolRun const run = RunTool({"--help"});
-    for (char const* const command : {"transform", "show", "list", "units", "help"}) {
+    for (char const* const command :
+         {"transform", "gost", "show", "list", "compare", "axes", "area", "units", "help"}) {
         EXPECT_THAT(run.out, HasSubstr(command));
         EXPECT_EQ(RunTool({command, "--help"}).status, 0);
     }
@@ -286,20 +297,22 @@ TEST_P(UsageMistake, IsOneLineAndStatusTwo) {
 
 INSTANTIATE_TEST_SUITE_P(
     Mistakes, UsageMistake,
-    testing::Values(TUsageMistake{{}, "a command is needed: transform, show, list, units or help"},
-                    TUsageMistake{{"transfrom", "a", "b"}, "\"transfrom\" is not a command"},
-                    TUsageMistake{{"transform"}, "SOURCE is required"},
-                    TUsageMistake{{"transform", "wgs-84"}, "TARGET is required"},
-                    TUsageMistake{{"transform", "wgs-84", "wgs-84", "--on-error", "panic"},
-                                  "panic not in {mark,skip,stop}"},
-                    TUsageMistake{{"transform", "wgs-84", "wgs-84", "--header", "maybe"},
-                                  "maybe not in {auto,always,never}"},
-                    TUsageMistake{{"transform", "wgs-84", "wgs-84", "--precision", "21"},
-                                  "not in range 0 to 20"},
-                    TUsageMistake{{"transform", "wgs-84", "wgs-84", "--precision", "two"}, "--precision"},
-                    TUsageMistake{{"list", "--colour"}, "--colour"},
-                    TUsageMistake{{"--language", "tlh", "list"}, "--language tlh: "},
-                    TUsageMistake{{"units", "1", "--from", "metre"}, "--to is required"}));
+    testing::Values(
+        TUsageMistake{{},
+                      "a command is needed: transform, gost, show, list, compare, axes, area, units or help"},
+        TUsageMistake{{"transfrom", "a", "b"}, "\"transfrom\" is not a command"},
+        TUsageMistake{{"transform"}, "SOURCE is required"}, TUsageMistake{{"area"}, "SYSTEM is required"},
+        TUsageMistake{{"compare", "wgs-84"}, "B is required"}, TUsageMistake{{"axes"}, "SYSTEM is required"},
+        TUsageMistake{{"transform", "wgs-84"}, "TARGET is required"},
+        TUsageMistake{{"transform", "wgs-84", "wgs-84", "--on-error", "panic"},
+                      "panic not in {mark,skip,stop}"},
+        TUsageMistake{{"transform", "wgs-84", "wgs-84", "--header", "maybe"},
+                      "maybe not in {auto,always,never}"},
+        TUsageMistake{{"transform", "wgs-84", "wgs-84", "--precision", "21"}, "not in range 0 to 20"},
+        TUsageMistake{{"transform", "wgs-84", "wgs-84", "--precision", "two"}, "--precision"},
+        TUsageMistake{{"list", "--colour"}, "--colour"},
+        TUsageMistake{{"--language", "tlh", "list"}, "--language tlh: "},
+        TUsageMistake{{"units", "1", "--from", "metre"}, "--to is required"}));
 
 TEST(CommandLine, TakesTheLanguagesOfTheTexts) {
     EXPECT_EQ(RunTool({"--language", "ru", "list"}).status, 0);
@@ -307,8 +320,14 @@ TEST(CommandLine, TakesTheLanguagesOfTheTexts) {
 }
 
 TEST(CommandLine, AFullDiskIsReportedByEveryCommand) {
-    for (std::vector<std::string> const& arguments :
-         {std::vector<std::string>{"list"}, {"help"}, {"--version"}, {"show", "wgs-84"}}) {
+    for (std::vector<std::string> const& arguments : {std::vector<std::string>{"list"},
+                                                      {"help"},
+                                                      {"--version"},
+                                                      {"show", "wgs-84"},
+                                                      {"show", "wgs-84", "--as", "wkt"},
+                                                      {"compare", "wgs-84", "etrs89"},
+                                                      {"axes", "wgs-84"},
+                                                      {"gost", "--parameters", "--from", "pz90"}}) {
         TRunSettings settings;
         settings.outputPath = "/dev/full";
         TToolRun const run = RunTool(arguments, settings);

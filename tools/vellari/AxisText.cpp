@@ -19,9 +19,9 @@ struct TAxisNames {
 };
 
 constexpr TAxisNames axisNames[] = {
-    {rstLocalCartesian, {"x", "y", "z"}},    {rstLocalCurved, {"x", "y", "height"}},
+    {rstLocalCartesian, {"x", "y", "h"}},    {rstLocalCurved, {"x", "y", "h"}},
     {rstGeocentric, {"x", "y", "z"}},        {rstGeodetic, {"latitude", "longitude", "height"}},
-    {rstMapProjected, {"x", "y", "height"}}, {rstTopocentricHorizontal, {"x", "y", "height"}},
+    {rstMapProjected, {"x", "y", "height"}}, {rstTopocentricHorizontal, {"x", "y", "up"}},
 };
 
 /** @return the name of a plane coordinate that grows in a direction; empty without one. */
@@ -61,6 +61,12 @@ std::string_view NotationName(TSexagesimalNotation notation) {
 
 std::string AxisNameOf(TShellReferenceSystem const& system, int index) {
     TCardinalDirection direction[2] = {cdNone, cdNone};
+    if (index < 2 && system.IsTopocentricHorizontal() &&
+        system.GetAxesDirections(&direction[0], &direction[1])) {
+        // The numbers, not the directions that the library tells: those of a left-handed frame stand the other
+        // way round, while its coordinates are swapped twice and come in the same order.
+        return index == 0 ? "east" : "north";
+    }
     if (index < 2 && system.IsProjected() && system.GetAxesDirections(&direction[0], &direction[1]) &&
         !GridAxisName(direction[index]).empty()) {
         return std::string(GridAxisName(direction[index]));
@@ -90,6 +96,11 @@ TAxisText::TAxisText(std::string axisName, TShellAngularUnit const& unit, bool i
         }
         columnName = axis + "_" + std::string(NotationName(notation));
     }
+}
+
+void TAxisText::Rename(std::string const& axisName) {
+    columnName = axisName + columnName.substr(axis.size());
+    axis = axisName;
 }
 
 bool TAxisText::Parse(std::string_view field, double* value, std::string* reason) const {

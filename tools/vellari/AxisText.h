@@ -42,6 +42,9 @@ public:
     /** @return "latitude_deg": the axis' name and that of its unit. */
     std::string const& ColumnName() const { return columnName; }
 
+    /** Gives the coordinate another name; its unit's stays. */
+    void Rename(std::string const& axisName);
+
     /** @return "latitude". */
     std::string const& AxisName() const { return axis; }
 
@@ -75,7 +78,7 @@ struct TPrecision {
 
 /**
  * @param index 0 to 2. @return the lower-case name of a coordinate: "northing" and so on in grids, by the
- *        axis' direction, else that of the kind.
+ *        axis' direction, "east" and "north" in topocentric frames that aren't turned, else that of the kind.
  */
 std::string AxisNameOf(KvRefSystem::TShellReferenceSystem const& system, int index);
 

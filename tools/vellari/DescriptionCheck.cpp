@@ -1,5 +1,6 @@
 #include "tools/vellari/DescriptionCheck.h"
 
+#include "tools/vellari/FrameCheck.h"
 #include "tools/vellari/ProjectionCheck.h"
 #include "tools/vellari/ToolError.h"
 
@@ -80,7 +81,7 @@ bool HasHeightUnit(TStringTree const& vertical) {
     return vertical.FindSubtree(1104, 0) != nullptr;
 }
 
-/** @return whether a grid has an ellipsoid beside that of its base system. */
+/** @return whether a system without a datum has an ellipsoid at its root, beside that of its base if any. */
 bool HasOwnEllipsoid(TStringTree const& system) {
     return HasNoDatum(system) && system.FindSubtree(1103, 0) != nullptr;
 }
@@ -199,16 +200,84 @@ constexpr TRequirement mapProjectedRows[] = {
     {1300, rfTree, "the map projection", suShow, projectionRows, nullptr, 0, FindParameterMistake},
 };
 
+constexpr TRequirement geocentricRows[] = {
+    {1020, rfText, "the name"},
+    {1021, rfText, "the description, which may be empty"},
+    {1107, rfTree, "the datum", suShow, datumRows, HasDatum},
+    {1103, rfTree, "the ellipsoid", suShow, ellipsoidRows, HasOwnEllipsoid},
+    {1101, rfTree, "the prime meridian", suShow, meridianRows, HasPrimeMeridian},
+    {1104, rfTree, "the linear unit", suShow, unitRows},
+};
+
+constexpr TRequirement topocentricRows[] = {
+    {1020, rfText, "the name"},
+    {1021, rfText, "the description, which may be empty"},
+    {1107, rfTree, "the datum", suShow, datumRows, HasDatum},
+    {1103, rfTree, "the ellipsoid", suShow, ellipsoidRows, HasOwnEllipsoid},
+    {1101, rfTree, "the prime meridian", suShow, meridianRows, HasPrimeMeridian},
+    {1400, rfWhole, "whether the axes are left-handed (1) or right-handed (0)"},
+    {1121, rfTree, "the geodetic system below the frame", suShow, geodeticRows},
+    {1104, rfTree, "the linear unit", suShow, unitRows},
+    {1120, rfText, "the origin's latitude"},
+    {1120, rfText, "the origin's longitude", suShow, {}, nullptr, 1},
+    {1120, rfText, "the origin's height, which may be empty", suShow, {}, nullptr, 2},
+};
+
+constexpr TRequirement localCartesianRows[] = {
+    {1020, rfText, "the name"},
+    {1021, rfText, "the description, which may be empty"},
+    {1107, rfTree, "the datum", suShow, datumRows, HasDatum},
+    {1103, rfTree, "the ellipsoid", suShow, ellipsoidRows, HasOwnEllipsoid},
+    {1101, rfTree, "the prime meridian", suShow, meridianRows, HasPrimeMeridian},
+    {1104, rfTree, "the linear unit", suShow, unitRows},
+    {1400, rfWhole, "whether the axes are left-handed (1) or right-handed (0)"},
+};
+
+/** Kept: the library reads the sphere as an ellipsoid first, with all its fields. */
+constexpr TRequirement sphereRows[] = {
+    {5113, rfTree, "the unit of the sphere's radius", suShow, unitRows},
+    {5120, rfText, "the sphere's name"},
+    {5121, rfText, "the sphere's description"},
+    {5110, rfNumber, "the sphere's radius"},
+    {5111, rfText, "the semi-minor axis, which may be empty"},
+    {5114, rfWhole, "whether there is an inverse flattening (1) or not (0)"},
+    {5115, rfWhole, "whether it is a sphere (1) or not (0)"},
+    {5112, rfNumber, "the inverse flattening", suShow, {}, HasFlattening},
+    {5111, rfNumber, "the semi-minor axis", suShow, {}, HasMinorAxis},
+    {5110, rfFactor, "the sphere's radius", suTransform},
+};
+
+constexpr TRequirement localCurvedRows[] = {
+    {1020, rfText, "the name"},
+    {1021, rfText, "the description, which may be empty"},
+    {1107, rfTree, "the datum", suShow, datumRows, HasDatum},
+    {1101, rfTree, "the prime meridian", suShow, meridianRows, HasPrimeMeridian},
+    {1103, rfTree, "the sphere", suShow, sphereRows},
+    {1104, rfTree, "the linear unit", suShow, unitRows},
+    {1400, rfWhole, "whether the axes are left-handed (1) or right-handed (0)"},
+};
+
 /** A kind with what it must hold besides the kind itself. */
 struct TKindRow {
     int kind;
     std::span<TRequirement const> rows;
+    std::optional<std::string> (*more)(TPlace const& root) = nullptr; ///< looked for after `rows`
 };
 
 constexpr TKindRow kinds[] = {
-    {rstGeodetic, geodeticRows},
-    {rstMapProjected, mapProjectedRows},
+    {rstLocalCartesian, localCartesianRows}, {rstLocalCurved, localCurvedRows, FindCentreMistake},
+    {rstGeocentric, geocentricRows},         {rstGeodetic, geodeticRows},
+    {rstMapProjected, mapProjectedRows},     {rstTopocentricHorizontal, topocentricRows, FindOriginMistake},
 };
+
+TKindRow const* FindKind(int kind) {
+    for (TKindRow const& row : kinds) {
+        if (row.kind == kind) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
 
 // --- The walk ----------------------------------------------------------------------------------------------
 
@@ -311,12 +380,8 @@ std::optional<std::string> FindMistake(TPlace const& place, std::span<TRequireme
 } // namespace
 
 std::span<TRequirement const> RequirementsOf(int kind) {
-    for (TKindRow const& row : kinds) {
-        if (row.kind == kind) {
-            return row.rows;
-        }
-    }
-    return {};
+    TKindRow const* const row = FindKind(kind);
+    return row ? row->rows : std::span<TRequirement const>();
 }
 
 std::optional<std::string> FindTextMistake(std::string_view text) {
@@ -343,11 +408,13 @@ std::optional<std::string> FindDescriptionMistake(TStringTree const& tree, TSyst
     if (std::optional<std::string> mistake = FindFieldMistake(root, kindRow)) {
         return mistake;
     }
-    int const kind = WholeOr(tree, 1100, 0);
-    if (kind < rstLocalCartesian || kind > rstTopocentricHorizontal) {
-        return FormatText(": field (1100,0), the kind of the system, is %d; kinds are 1 to 6", kind);
+    int const number = WholeOr(tree, 1100, 0);
+    TKindRow const* const kind = FindKind(number);
+    if (!kind) {
+        return FormatText(": field (1100,0), the kind of the system, is %d; kinds are 1 to 6", number);
     }
-    return FindMistake(root, RequirementsOf(kind), use);
+    std::optional<std::string> const mistake = FindMistake(root, kind->rows, use);
+    return mistake || !kind->more ? mistake : kind->more(root);
 }
 
 std::optional<int> FindLineIndentedWithBlanks(std::string_view text) {

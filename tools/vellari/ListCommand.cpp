@@ -29,13 +29,19 @@ struct TListGroup {
 };
 
 /** Where an entry of the catalogue belongs. */
-enum TListPlace : std::size_t { lpGeodetic = 0, lpGrids = 1, lpOther = 2, lpZones = 3 };
+enum TListPlace : std::size_t { lpGeodetic = 0, lpGrids = 1, lpGeocentric = 2, lpFrames = 3, lpZones = 4 };
 
 TListPlace PlaceOfKind(int kind) {
-    if (kind == KvRefSystem::rstGeodetic) {
+    switch (kind) {
+    case KvRefSystem::rstGeodetic:
         return lpGeodetic;
+    case KvRefSystem::rstMapProjected:
+        return lpGrids;
+    case KvRefSystem::rstGeocentric:
+        return lpGeocentric;
+    default:
+        return lpFrames;
     }
-    return kind == KvRefSystem::rstMapProjected ? lpGrids : lpOther;
 }
 
 /** @return whether a pattern fits, or is itself a zone of that family. */
@@ -64,7 +70,8 @@ void AppendGroup(std::string* text, TListGroup const& group, std::size_t width) 
 int RunList(std::string const& pattern) {
     TListGroup groups[] = {{"Geodetic systems", {}},
                            {"National and regional grids", {}},
-                           {"Other systems", {}},
+                           {"Geocentric systems", {}},
+                           {"Topocentric and local frames", {}},
                            {"Zones, by their numbers", {}}};
     for (EmbeddedFile const& entry : embeddedCatalog()) {
         std::string_view const title = CatalogTitle(entry);

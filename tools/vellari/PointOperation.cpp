@@ -1,5 +1,8 @@
 #include "tools/vellari/PointOperation.h"
 
+#include "tools/vellari/AxisText.h"
+#include "tools/vellari/SystemKinds.h"
+
 #include <cmath>
 #include <exception>
 #include <limits>
@@ -15,22 +18,49 @@ constexpr double latitudeTolerance = 1e-11;
 
 constexpr double halfPi = 1.5707963267948966;
 
+/** @return whether the third coordinate of a kind stands apart from the others, so that it may be missing. */
+bool MayLackHeights(TShellReferenceSystem const& system) {
+    return system.IsLatLon() || system.IsProjected();
+}
+
+/** @return why a point without a height can't be moved between the systems; empty when it can. */
+std::string ReasonOfMissingHeight(TShellReferenceSystem const& source, TShellReferenceSystem const& target) {
+    if (MayLackHeights(source) && MayLackHeights(target)) {
+        return "";
+    }
+    TShellReferenceSystem const& strict = MayLackHeights(source) ? target : source;
+    return AxisNameOf(source, 2) + " is empty; a " + KindName(strict.Type) +
+           " system needs all three coordinates";
+}
+
+/** @return what to tell of a failure inside of the library. */
+std::string ReasonOfFailure(std::string const& failure) {
+    bool const isOfGeoid = failure.find("TShellGeoid::") != std::string::npos;
+    return isOfGeoid ? "the point lies outside of the geoid's grid, or its height has no geoid there"
+                     : "the transformation failed: " + failure;
+}
+
 } // namespace
 
 TPointOperation::TPointOperation(TShellReferenceSystem const& sourceSystem,
                                  TShellReferenceSystem const& targetSystem)
     : source(sourceSystem),
       target(targetSystem),
+      heightReason(ReasonOfMissingHeight(sourceSystem, targetSystem)),
       greatestLatitude(sourceSystem.IsLatLon()
                            ? (halfPi + latitudeTolerance) / sourceSystem.GetPlaneUnitCoefToBase()
                            : std::numeric_limits<double>::infinity()) {}
 
-bool TPointOperation::Transform(TPoint* point, std::string* reason) const {
+bool TPointOperation::Transform(TPoint* point, std::string* reason) {
     double* const coords = point->coord;
     // The library folds such a latitude back to a pole; among points it is a mistake, mostly exchanged
     // columns.
     if (!(std::fabs(coords[0]) <= greatestLatitude)) {
         *reason = FormatText("latitude %.9g is beyond a pole", coords[0]);
+        return false;
+    }
+    if (!point->hasHeight && !heightReason.empty()) {
+        *reason = heightReason;
         return false;
     }
     try {
@@ -40,7 +70,7 @@ bool TPointOperation::Transform(TPoint* point, std::string* reason) const {
             TransformWithoutHeight(coords);
         }
     } catch (std::exception const& failure) {
-        *reason = std::string("the transformation failed: ") + failure.what();
+        *reason = ReasonOfFailure(failure.what());
         return false;
     }
     if (!std::isfinite(coords[0]) || !std::isfinite(coords[1]) || !std::isfinite(coords[2])) {

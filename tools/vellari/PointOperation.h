@@ -12,19 +12,32 @@ struct TPoint {
     bool hasHeight = false;
 };
 
+/** What is done to every point of a run. */
+class TPointMove {
+public:
+    virtual ~TPointMove() = default;
+
+    /**
+     * Moves one point in place.
+     * @param reason receives what went wrong, a part of a sentence. @return false on a failure; the point is
+     *        then in no defined state.
+     */
+    virtual bool Transform(TPoint* point, std::string* reason) = 0;
+};
+
 /** Moves points from one system to another. Borrows both; they must live as long. */
-class TPointOperation {
+class TPointOperation : public TPointMove {
 public:
     TPointOperation(KvRefSystem::TShellReferenceSystem const& sourceSystem,
                     KvRefSystem::TShellReferenceSystem const& targetSystem);
 
     /**
-     * Moves one point in place. A point without a height goes the way of one at height 0 and comes out
-     * without one.
-     * @param reason receives what went wrong. @return false for a latitude beyond a pole, a failure on the
-     *         way or a result that isn't finite, as outside of a projection's reach; the point is then in no defined state.
+     * A point without a height goes the way of one at height 0 and comes out without one, between kinds whose
+     * heights stand apart; the others need all three coordinates.
+     * @return false for a latitude beyond a pole, a height that is needed and missing, a failure on the way or
+     *         a result that isn't finite, as outside of a projection's reach.
      */
-    bool Transform(TPoint* point, std::string* reason) const;
+    bool Transform(TPoint* point, std::string* reason) override;
 
 private:
     std::string ReasonOfInfinity(double const* coords) const;
@@ -32,7 +45,8 @@ private:
 
     KvRefSystem::TShellReferenceSystem const& source;
     KvRefSystem::TShellReferenceSystem const& target;
-    double greatestLatitude; ///< in the source's unit; infinite in kinds without latitudes
+    std::string heightReason; ///< why a point without a height fails; empty where it doesn't
+    double greatestLatitude;  ///< in the source's unit; infinite in kinds without latitudes
 };
 
 } // namespace VellariTool

@@ -1,6 +1,11 @@
 #include "tools/vellari/Run.h"
 
+#include "tools/vellari/AreaCommand.h"
+#include "tools/vellari/AxesCommand.h"
+#include "tools/vellari/CompareCommand.h"
 #include "tools/vellari/FailureReport.h"
+#include "tools/vellari/GostCommand.h"
+#include "tools/vellari/GostNames.h"
 #include "tools/vellari/HelpTopics.h"
 #include "tools/vellari/ListCommand.h"
 #include "tools/vellari/OutputFile.h"
@@ -30,6 +35,10 @@ struct TChoice {
     std::function<int()> command;
     std::string language = "en";
     TTransformOptions transform;
+    TGostOptions gost;
+    TAreaOptions area;
+    TAxesOptions axes;
+    std::string compared[2];
     std::string onError = "mark";
     std::string header = "auto";
     std::string showSystem;
@@ -75,6 +84,30 @@ CLI::Option* AddPrecision(CLI::App* command, std::string const& name, std::optio
     return command->add_option(name, *value, description)->check(CLI::Range(0, mostDecimals))->type_name("N");
 }
 
+/** Adds what a run over points has. */
+void AddPointRun(CLI::App* command, TChoice* choice, TPointRunOptions* options, TPrecision* precision) {
+    command->add_option("POINTS", options->points, "CSV file of points; standard input without it")
+        ->type_name("");
+    command->add_option("-o,--output", options->output, "write here, complete or not at all")
+        ->type_name("FILE");
+    AddPrecision(
+        command, "-p,--precision", &precision->all,
+        "decimals of all coordinates (of seconds in sexagesimal notations); default: those of the units");
+    AddPrecision(command, "--height-precision", &precision->height, "decimals of heights alone");
+    command->add_option("--on-error", choice->onError, "a line that fails: mark (default), skip or stop")
+        ->check(CLI::IsMember(Names(onErrorModes)))
+        ->type_name("MODE");
+    command->add_option("--header", choice->header, "a header: auto (default, as the input), always or never")
+        ->check(CLI::IsMember(Names(headerModes)))
+        ->type_name("MODE");
+}
+
+/** Takes the words of such a run. */
+void FinishPointRun(TChoice const& choice, TPointRunOptions* options) {
+    options->onError = ValueOf(onErrorModes, choice.onError);
+    options->header = ValueOf(headerModes, choice.header);
+}
+
 /** Adds `transform`. */
 void AddTransform(CLI::App* app, TChoice* choice) {
     CLI::App* const command = app->add_subcommand("transform", "Move points from one system to another");
@@ -85,25 +118,84 @@ void AddTransform(CLI::App* app, TChoice* choice) {
     command->add_option("TARGET", options->target, "catalogue entry, zone or description file of the result")
         ->required()
         ->type_name("");
-    command->add_option("POINTS", options->points, "CSV file of points; standard input without it")
-        ->type_name("");
-    command->add_option("-o,--output", options->output, "write here, complete or not at all")
+    command
+        ->add_option("--geoid-source", options->geoidOfSource,
+                     "grid of the geoid over which the source's heights stand")
         ->type_name("FILE");
-    AddPrecision(
-        command, "-p,--precision", &options->precision.all,
-        "decimals of all coordinates (of seconds in sexagesimal notations); default: those of the units");
-    AddPrecision(command, "--height-precision", &options->precision.height, "decimals of heights alone");
-    command->add_option("--on-error", choice->onError, "a line that fails: mark (default), skip or stop")
-        ->check(CLI::IsMember(Names(onErrorModes)))
-        ->type_name("MODE");
-    command->add_option("--header", choice->header, "a header: auto (default, as the input), always or never")
-        ->check(CLI::IsMember(Names(headerModes)))
-        ->type_name("MODE");
+    command
+        ->add_option("--geoid-target", options->geoidOfTarget,
+                     "grid of the geoid over which the target's heights stand")
+        ->type_name("FILE");
+    AddPointRun(command, choice, options, &options->precision);
     command->callback([choice, options] {
-        options->onError = ValueOf(onErrorModes, choice->onError);
-        options->header = ValueOf(headerModes, choice->header);
+        FinishPointRun(*choice, options);
         choice->command = [options] { return RunTransform(*options); };
     });
+}
+
+/** Adds `gost`. */
+void AddGost(CLI::App* app, TChoice* choice) {
+    CLI::App* const command =
+        app->add_subcommand("gost", "Move points by the transformation of GOST R 51794");
+    TGostOptions* const options = &choice->gost;
+    command->add_option("--from", options->from, "datum of the points: " + GostDatumNames())
+        ->type_name("DATUM");
+    command->add_option("--to", options->to, "datum of the result")->type_name("DATUM");
+    command->add_option("--edition", options->edition, "2001, 2008 (default) or 2017")->type_name("YEAR");
+    command->add_option("--type", options->type, "coordinates: geodetic (default), geocentric or projected")
+        ->type_name("TYPE");
+    command->add_option("--from-type", options->fromType, "those of the points, where they differ")
+        ->type_name("TYPE");
+    command->add_option("--to-type", options->toType, "those of the result, where they differ")
+        ->type_name("TYPE");
+    command->add_flag("--parameters", options->parameters, "only tell the parameters of --from to WGS 84");
+    AddPointRun(command, choice, options, &options->precision);
+    command->callback([choice, options] {
+        FinishPointRun(*choice, options);
+        choice->command = [options] { return RunGost(*options); };
+    });
+}
+
+/** Adds `area`. */
+void AddArea(CLI::App* app, TChoice* choice) {
+    CLI::App* const command = app->add_subcommand("area", "Tell the area of a polygon");
+    TAreaOptions* const options = &choice->area;
+    command->add_option("SYSTEM", options->system, "catalogue entry, zone or description file of the corners")
+        ->required()
+        ->type_name("");
+    command
+        ->add_option("POLYGON", options->polygon, "CSV file of corners in order; standard input without it")
+        ->type_name("");
+    AddPrecision(command, "-p,--precision", &options->precision, "decimals; default: 3");
+    command->callback([choice, options] { choice->command = [options] { return RunArea(*options); }; });
+}
+
+/** Adds `compare`. */
+void AddCompare(CLI::App* app, TChoice* choice) {
+    CLI::App* const command = app->add_subcommand("compare", "Tell how two systems relate");
+    char const* const names[2] = {"A", "B"};
+    for (int i = 0; i < 2; ++i) {
+        command->add_option(names[i], choice->compared[i], "catalogue entry, zone or description file")
+            ->required()
+            ->type_name("");
+    }
+    command->callback([choice] {
+        choice->command = [choice] { return RunCompare(choice->compared[0], choice->compared[1]); };
+    });
+}
+
+/** Adds `axes`. */
+void AddAxes(CLI::App* app, TChoice* choice) {
+    CLI::App* const command = app->add_subcommand("axes", "Tell where the axes of a system lead");
+    TAxesOptions* const options = &choice->axes;
+    command->add_option("SYSTEM", options->system, "catalogue entry, zone or description file")
+        ->required()
+        ->type_name("");
+    command->add_option("LAT", options->latitude, "latitude of a place, degrees on the system's datum")
+        ->type_name("");
+    command->add_option("LON", options->longitude, "its longitude, degrees from the prime meridian")
+        ->type_name("");
+    command->callback([choice, options] { choice->command = [options] { return RunAxes(*options); }; });
 }
 
 /** Adds `show`. */
@@ -184,8 +276,9 @@ int FinishParsing(CLI::App const& app, CLI::ParseError const& outcome) {
     std::string mistake = outcome.what();
     if (app.get_subcommands().empty() && dynamic_cast<CLI::RequiredError const*>(&outcome)) {
         std::vector<std::string> const words = app.remaining();
-        mistake = words.empty() ? "a command is needed: transform, show, list, units or help"
-                                : Quoted(words.front()) + " is not a command";
+        mistake = words.empty()
+                      ? "a command is needed: transform, gost, show, list, compare, axes, area, units or help"
+                      : Quoted(words.front()) + " is not a command";
     }
     PrintMessage(mistake + "; `vellari --help` shows the commands");
     return esError;
@@ -202,8 +295,12 @@ int Run(int count, char const* const* arguments) {
         ->type_name("LANGUAGE");
     app.footer("`vellari help TOPIC` explains: " + HelpTopicNames());
     AddTransform(&app, &choice);
+    AddGost(&app, &choice);
     AddShow(&app, &choice);
     AddList(&app, &choice);
+    AddCompare(&app, &choice);
+    AddAxes(&app, &choice);
+    AddArea(&app, &choice);
     AddUnits(&app, &choice);
     AddHelp(&app, &choice);
     try {

@@ -1,5 +1,6 @@
 #include "tools/vellari/ShowCommand.h"
 
+#include "tools/vellari/ExportText.h"
 #include "tools/vellari/OutputFile.h"
 #include "tools/vellari/SystemLoader.h"
 #include "tools/vellari/SystemSummary.h"
@@ -44,6 +45,11 @@ constexpr TShowFormat showFormats[] = {
     {"summary", SummaryOf},
     {"text", ShowText},
     {"xml", ShowXml},
+    {"wkt", ExportAsWkt},
+    {"wkt-compound", ExportAsCompoundWkt},
+    {"mif", ExportAsMif},
+    {"geotiff", ExportAsGeoTiff},
+    {"panorama", ExportAsPanorama},
 };
 
 /** @return the names of all formats, with commas. */

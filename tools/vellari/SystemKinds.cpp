@@ -38,4 +38,20 @@ int KindOfDescription(std::string_view text) {
     return kind;
 }
 
+KvRefSystem::TShellUnit const* OneUnitOf(KvRefSystem::TShellReferenceSystem const& system) {
+    if (auto const* const geocentric = dynamic_cast<TShellGeocentricReferenceSystem const*>(&system)) {
+        return geocentric->LinearUnit;
+    }
+    if (auto const* const frame = dynamic_cast<TShellTopocentricHorizontalReferenceSystem const*>(&system)) {
+        return frame->LinearUnit;
+    }
+    if (auto const* const plane = dynamic_cast<TShellLocalCartesianReferenceSystem const*>(&system)) {
+        return plane->LinearUnit;
+    }
+    if (auto const* const curved = dynamic_cast<TShellLocalCurvedReferenceSystem const*>(&system)) {
+        return curved->LinearUnit;
+    }
+    return nullptr;
+}
+
 } // namespace VellariTool

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Vellari/Vellari.h>
+
 #include <string>
 #include <string_view>
 
@@ -10,5 +12,8 @@ std::string KindName(int kind);
 
 /** @return the kind that a description text names; 0 without one. */
 int KindOfDescription(std::string_view text);
+
+/** @return the unit of a kind that has one for all three coordinates; null in the others. */
+KvRefSystem::TShellUnit const* OneUnitOf(KvRefSystem::TShellReferenceSystem const& system);
 
 } // namespace VellariTool

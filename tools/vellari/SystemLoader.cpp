@@ -2,7 +2,6 @@
 
 #include "tools/vellari/Catalog.h"
 #include "tools/vellari/DescriptionCheck.h"
-#include "tools/vellari/SystemKinds.h"
 #include "tools/vellari/ToolError.h"
 #include "tools/vellari/ZoneDescription.h"
 #include "tools/vellari/ZoneShorthand.h"
@@ -85,10 +84,7 @@ std::unique_ptr<TShellReferenceSystem> TryToBuild(TStringTree* tree, std::string
     try {
         std::unique_ptr<TShellReferenceSystem> system(CreateShellReferenceSystem(tree, nullptr));
         if (!system) {
-            int kind = 0;
-            tree->GetInteger(1100, 0, &kind);
-            *failure = FormatText("field (1100,0), the kind of the system, is %d, ", kind) + KindName(kind) +
-                       ", which this version cannot build";
+            *failure = "the description has a form that cannot be built";
         }
         return system;
     } catch (std::exception const& caught) {

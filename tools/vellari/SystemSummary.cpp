@@ -167,6 +167,33 @@ void AddProjection(TFacts* facts, TLoadedSystem const& loaded,
     facts->Add("  description", grid.BaseGeodetic->Description);
 }
 
+/** "10, 20"; the parts that aren't empty. */
+std::string Listed(std::string const* texts, int count) {
+    std::string list;
+    for (int i = 0; i < count; ++i) {
+        list += (list.empty() || texts[i].empty() ? "" : ", ") + texts[i];
+    }
+    return list;
+}
+
+/** Adds the frame's origin and turn as the description has them, and the base system. */
+void AddFrame(TFacts* facts, TShellTopocentricHorizontalReferenceSystem const& frame) {
+    facts->Add("order of axes",
+               AxisNameOf(frame, 0) + ", " + AxisNameOf(frame, 1) + ", " + AxisNameOf(frame, 2));
+    facts->Add("orientation", frame.IsLeft() ? "left-handed" : "right-handed");
+    facts->Add("origin", Listed(frame.OriginCoord, 3));
+    facts->Add("azimuth",
+               frame.Azimuth.empty() ? "" : frame.Azimuth + UnitSign(frame.BaseGeodetic->AngularUnit));
+    facts->Add("base system", frame.BaseGeodetic->Name);
+    facts->Add("  description", frame.BaseGeodetic->Description);
+}
+
+/** Adds the sphere of the curved kind. */
+void AddSphere(TFacts* facts, TShellLocalCurvedReferenceSystem const& curved) {
+    facts->Add("sphere's radius", curved.SphereRadiusText + UnitSign(curved.SphereUnit));
+    facts->Add("centre", curved.NoOrigin ? "none" : Listed(curved.OriginCoord, 2));
+}
+
 /** What a description may carry beyond its geometry. */
 void AddExtras(TFacts* facts, TShellReferenceSystem const& system) {
     int count = 0;
@@ -190,25 +217,33 @@ std::string SummaryOf(TLoadedSystem const& loaded) {
     facts.Add("kind", KindName(system.Type));
     facts.Add("abbreviation", system.Abbreviation);
     facts.Add("description", system.Description);
-    std::string axes;
-    for (std::string const& axis : system.AxisName) {
-        axes += (axes.empty() || axis.empty() ? "" : ", ") + axis;
-    }
-    facts.Add("axes", axes);
+    facts.Add("axes", Listed(system.AxisName, 3));
     auto const* const grid = dynamic_cast<TShellMapProjectedReferenceSystem const*>(&system);
-    TShellReferenceSystem const& earth = grid ? *grid->BaseGeodetic : system;
+    auto const* const frame = dynamic_cast<TShellTopocentricHorizontalReferenceSystem const*>(&system);
+    TShellReferenceSystem const& earth = grid ? *grid->BaseGeodetic : frame ? *frame->BaseGeodetic : system;
     if (auto const* const geodetic = dynamic_cast<TShellGeodeticReferenceSystem const*>(&system)) {
         facts.Add("angular unit", UnitText(geodetic->AngularUnit));
         facts.Add("height unit", UnitText(geodetic->Vertical ? geodetic->Vertical->HeightUnit : nullptr));
         facts.Add("longitudes", geodetic->PositiveLongitude ? "reported as positive numbers" : "");
     } else if (!grid) {
-        facts.Add("plane unit", system.GetPlaneUnitName());
-        facts.Add("height unit", system.GetHeightUnitName());
+        facts.Add("unit", UnitText(OneUnitOf(system)));
     } else {
         TShellVerticalReferenceSystem const* const vertical = grid->BaseGeodetic->Vertical;
         facts.Add("plane unit", UnitText(grid->LinearUnit));
         facts.Add("height unit", UnitText(vertical ? vertical->HeightUnit : nullptr));
         AddProjection(&facts, loaded, *grid);
+    }
+    if (frame) {
+        AddFrame(&facts, *frame);
+    }
+    if (!system.IsGlobal()) {
+        facts.Add("orientation", system.IsLeft() ? "left-handed" : "right-handed");
+        if (auto const* const curved = dynamic_cast<TShellLocalCurvedReferenceSystem const*>(&system)) {
+            AddSphere(&facts, *curved);
+        }
+        facts.Add("place on the earth", "none");
+        AddExtras(&facts, system);
+        return facts.Text();
     }
     AddDatum(&facts, earth);
     AddEllipsoid(&facts, earth);

@@ -1,160 +1,52 @@
 #include "tools/vellari/TransformCommand.h"
 
-#include "tools/vellari/FailureReport.h"
-#include "tools/vellari/LineReader.h"
-#include "tools/vellari/OutputFile.h"
-#include "tools/vellari/PointStream.h"
+#include "tools/vellari/GeoidOption.h"
+#include "tools/vellari/SystemKinds.h"
 #include "tools/vellari/SystemLoader.h"
 #include "tools/vellari/ToolError.h"
-
-#include <Vellari/hostkit/HostKit.h>
-
-#include <unistd.h>
-
-#include <memory>
 
 namespace VellariTool {
 
 namespace {
 
-using VellariHostKit::TTerminalProgress;
+/** @return "rd-new, a map-projected system". */
+std::string NameWithKind(TLoadedSystem const& loaded) {
+    return loaded.name + ", a " + KindName(loaded.system->Type) + " system";
+}
 
-/** Bytes of input from which on a bar is drawn: shorter ones are done before anybody looks. */
-constexpr std::uint64_t longInput = 4 * 1024 * 1024;
-
-/** Lines between two looks at the clock. */
-constexpr std::uint64_t linesPerProgress = 4096;
-
-/** The bar of a long input on a terminal; nothing otherwise. */
-class TInputProgress {
-public:
-    explicit TInputProgress(TLineReader const& points) : input(points) {
-        if (points.Size() >= longInput && isatty(STDERR_FILENO)) {
-            bar = std::make_unique<TTerminalProgress>(stderr, "vellari");
-            bar->OnStart(points.Size());
-        }
+/** @throws TToolError for a local and an earth-bound system. */
+void CheckThatARoadLeads(TLoadedSystem const& source, TLoadedSystem const& target) {
+    if (source.system->IsGlobal() == target.system->IsGlobal()) {
+        return;
     }
+    TLoadedSystem const& local = source.system->IsGlobal() ? target : source;
+    TLoadedSystem const& earth = source.system->IsGlobal() ? source : target;
+    throw TToolError("no road leads between " + NameWithKind(local) + ", and " + NameWithKind(earth) +
+                     ": the first one isn't tied to the earth");
+}
 
-    void Show(std::uint64_t lineNumber) {
-        if (bar && lineNumber % linesPerProgress == 0) {
-            bar->OnProgress(input.Position());
-        }
+/** With a geoid on either side the third column tells what its heights stand over. */
+std::array<TAxisText, 3> AxisTextsOf(TLoadedSystem const& loaded, TTransformOptions const& options,
+                                     TPrecision const& precision) {
+    std::array<TAxisText, 3> texts = AxisTexts(*loaded.system, precision);
+    bool const hasHeight = loaded.system->IsLatLon() || loaded.system->IsProjected();
+    if (hasHeight && !(options.geoidOfSource.empty() && options.geoidOfTarget.empty())) {
+        texts[2].Rename(HeightNameOf(*loaded.system));
     }
-
-    /** Takes the bar away, so that a message has the line; it comes back with the next drawing. */
-    void Hide() {
-        if (bar) {
-            bar->OnStop();
-        }
-    }
-
-private:
-    TLineReader const& input;
-    std::unique_ptr<TTerminalProgress> bar;
-};
-
-/** One run over the points. */
-class TTransformRun {
-public:
-    TTransformRun(TTransformOptions const& chosen, TLoadedSystem const& source, TLoadedSystem const& target)
-        : options(chosen),
-          operation(*source.system, *target.system),
-          reader(AxisTexts(*source.system, {})),
-          writer(AxisTexts(*target.system, chosen.precision)),
-          input(chosen.points),
-          output(chosen.output),
-          report(input.Name()),
-          progress(input) {}
-
-    /** @return the exit status. */
-    int Run() {
-        TTextLine line;
-        bool isStopped = false;
-        while (!isStopped && input.Next(&line)) {
-            ++lineNumber;
-            isStopped = !TakeLine(line);
-            output.FlushWhenFull();
-            progress.Show(lineNumber);
-        }
-        progress.Hide();
-        report.Finish(points);
-        if (isStopped) {
-            PrintMessage("stopped at the first line that could not be transformed" +
-                         std::string(IsToFile() ? "; " + options.output + " is left as it was" : ""));
-            if (!IsToFile()) {
-                output.Commit();
-            }
-            return esSomeFailed;
-        }
-        output.Commit();
-        return report.Count() == 0 ? esDone : esSomeFailed;
-    }
-
-private:
-    bool IsToFile() const { return !options.output.empty() && options.output != "-"; }
-
-    /** @return false when no more lines are to be read. */
-    bool TakeLine(TTextLine const& line) {
-        TPointFields fields;
-        TPoint point;
-        std::string& text = output.Text();
-        TLineKind const kind = line.isTooLong ? lkMistake : reader.Read(line.text, &fields, &point, &reason);
-        if (kind == lkBlank) {
-            text.append(line.text);
-            text += '\n';
-            return true;
-        }
-        if (kind == lkHeader) {
-            if (options.header != hmNever) {
-                writer.AppendHeader(&text, reader.Separator(), reader.HasHeightColumn(), fields.rest);
-            }
-            isHeaderDone = true;
-            return true;
-        }
-        if (!isHeaderDone) {
-            isHeaderDone = true;
-            if (options.header == hmAlways) {
-                writer.AppendHeader(&text, reader.Separator(), reader.HasHeightColumn(), "");
-            }
-        }
-
-        ++points;
-        if (line.isTooLong) {
-            reason = "the line is longer than 1 MiB";
-        }
-        bool const withHeight = reader.HasHeightColumn() || fields.count > 2;
-        if (kind == lkPoint && operation.Transform(&point, &reason)) {
-            writer.AppendPoint(&text, reader.Separator(), withHeight, point, fields.rest);
-            return true;
-        }
-        progress.Hide();
-        report.Add(lineNumber, line.text, reason);
-        if (options.onError == oeMark) {
-            TPointWriter::AppendMark(&text, reader.Separator(), withHeight, fields.rest);
-        }
-        return options.onError != oeStop;
-    }
-
-    TTransformOptions const& options;
-    TPointOperation operation;
-    TPointReader reader;
-    TPointWriter writer;
-    TLineReader input;
-    TOutputFile output;
-    TFailureReport report;
-    TInputProgress progress;
-    std::string reason;
-    std::uint64_t lineNumber = 0;
-    std::uint64_t points = 0;
-    bool isHeaderDone = false;
-};
+    return texts;
+}
 
 } // namespace
 
 int RunTransform(TTransformOptions const& options) {
-    TLoadedSystem const source = LoadSystem(options.source, suTransform);
-    TLoadedSystem const target = LoadSystem(options.target, suTransform);
-    return TTransformRun(options, source, target).Run();
+    TLoadedSystem source = LoadSystem(options.source, suTransform);
+    TLoadedSystem target = LoadSystem(options.target, suTransform);
+    CheckThatARoadLeads(source, target);
+    TGeoidOption const geoidOfSource(options.geoidOfSource, "--geoid-source", &source);
+    TGeoidOption const geoidOfTarget(options.geoidOfTarget, "--geoid-target", &target);
+    TPointOperation operation(*source.system, *target.system);
+    return RunPoints(options, &operation, AxisTextsOf(source, options, {}),
+                     AxisTextsOf(target, options, options.precision));
 }
 
 } // namespace VellariTool
