@@ -12,6 +12,9 @@ namespace VellariBench {
 /** Geodetic to geocentric and back, through the core. */
 void RegisterGeocentric();
 
+/** Geocentric and geodetic to topocentric and back. @throws std::runtime_error as below. */
+void RegisterTopocentric();
+
 /** Geodetic to geodetic with seven parameters. @throws std::runtime_error when two libraries don't agree. */
 void RegisterSevenParameters();
 

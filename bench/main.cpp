@@ -35,6 +35,7 @@ int main(int argc, char** argv) {
             return 2;
         }
         VellariBench::RegisterGeocentric();
+        VellariBench::RegisterTopocentric();
         VellariBench::RegisterSevenParameters();
         VellariBench::RegisterProjections();
         VellariBench::RegisterProjectedRoad();
