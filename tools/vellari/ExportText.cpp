@@ -59,7 +59,7 @@ std::string HeightReason(TShellGeodeticReferenceSystem const& geodetic, bool isC
 /** The same for a grid without its heights. */
 std::string GridReason(TShellMapProjectedReferenceSystem const& grid) {
     std::string text;
-    std::string const earth = EarthReason(*grid.BaseGeodetic);
+    std::string earth = EarthReason(*grid.BaseGeodetic);
     if (!earth.empty()) {
         return earth;
     }
@@ -199,7 +199,10 @@ std::string KeysText(TKeys const& keys) {
     for (auto const& [number, value] : keys) {
         std::string name(GeoKeyName(number));
         name.resize(std::max(nameWidth, name.size() + 2), ' ');
-        text += FormatText("%-6d", number) + name + value + "\n";
+        text += FormatText("%-6d", number);
+        text += name;
+        text += value;
+        text += '\n';
     }
     return text;
 }
