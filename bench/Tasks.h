@@ -36,7 +36,7 @@ std::string CatalogText(std::string const& name);
 /** The system of a description's text. @throws std::runtime_error when it doesn't build. */
 std::unique_ptr<KvRefSystem::TShellReferenceSystem> BuildSystem(std::string const& text);
 
-/** The description of UTM zone 37N on the catalogue's Pulkovo 1942: no smaller one has a datum shift. */
+/** The description of UTM zone 37N on the catalogue's Pulkovo 1942. */
 std::string UtmOnPulkovoText();
 
 /** PROJ's text of the same Pulkovo 1942: longitude and latitude in degrees, the shift with it. */
