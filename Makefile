@@ -58,7 +58,7 @@ lint:
 	tools/lint
 
 asan:
-	tools/setup build test
+	tools/setup build test clang
 	tools/build asan
 	ctest --preset asan -j $(JOBS) --no-tests=error
 
