@@ -1,3 +1,4 @@
+#include "tests/oracle/Ellipsoids.h"
 #include "tests/oracle/Places.h"
 #include "tests/oracle/ProjPipeline.h"
 
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -48,21 +48,8 @@ double HeightBound(double latitudeBound, double latitude, double radius) {
     return radius * (Epsilon * 4 + latitudeBound * (1 + std::tan(std::fabs(latitude))));
 }
 
-struct TAxes {
-    char const* Name;
-    double Major;
-    double Minor;
-};
-
-void PrintTo(TAxes const& axes, std::ostream* out) {
-    *out << axes.Name;
-}
-
-TAxes const ellipsoids[] = {
-    {"Wgs84", 6378137, 6356752.314245179},  {"Krassowsky1940", 6378245, 6356863.018773047},
-    {"Airy1830", 6377563.396, 6356256.909}, {"Clarke1880Ign", 6378249.2, 6356515},
-    {"Sphere", 6371007, 6371007},
-};
+constexpr TAxes ellipsoids[] = {Ellipsoids::Wgs84, Ellipsoids::Krassowsky1940, Ellipsoids::Airy1830,
+                                Ellipsoids::Clarke1880Ign, Ellipsoids::Sphere};
 
 /**
  * Five microradians (32 m) from the poles: nearer ones lose the height, which the division by the cosine

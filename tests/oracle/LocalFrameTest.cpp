@@ -1,3 +1,4 @@
+#include "tests/oracle/Ellipsoids.h"
 #include "tests/oracle/Places.h"
 
 #include "core/primitives/LSR.h"
@@ -10,7 +11,6 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <ostream>
 #include <vector>
 
 namespace OracleTests {
@@ -28,21 +28,7 @@ constexpr double RoundingOfFrames = 8 * std::numeric_limits<double>::epsilon();
 /** Our passes stop at a change of 1e-12 radians; e2 / (1 - e2) of it is left, with a third for rounding. */
 constexpr double StoppedPasses = 1e-12 * 0.0068 * 1.3;
 
-struct TAxes {
-    char const* Name;
-    double Major;
-    double Minor;
-};
-
-void PrintTo(TAxes const& axes, std::ostream* out) {
-    *out << axes.Name;
-}
-
-TAxes const ellipsoids[] = {
-    {"Wgs84", 6378137, 6356752.314245179},
-    {"Krassowsky1940", 6378245, 6356863.018773047},
-    {"Sphere", 6371007, 6371007},
-};
+constexpr TAxes ellipsoids[] = {Ellipsoids::Wgs84, Ellipsoids::Krassowsky1940, Ellipsoids::Sphere};
 
 constexpr TRegion Ground = {89.0, -1e4, 1e4};
 constexpr TRegion IntoSpace = {90.0, -1e4, 2e7};

@@ -1,4 +1,5 @@
 #include "core/refsystems/TopocentricHorizontalReferenceSystem.h"
+#include "tests/oracle/Ellipsoids.h"
 #include "tests/oracle/Places.h"
 #include "tests/oracle/ProjPipeline.h"
 
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -33,21 +33,7 @@ constexpr double RoundingOfFrames = 12 * Epsilon * ThroughTheEarth;
  */
 constexpr double StoppedPasses = 1e-12 * 0.0068 * 1.3 * 6.4e6 * 30 + 2e-7;
 
-struct TAxes {
-    char const* Name;
-    double Major;
-    double Minor;
-};
-
-void PrintTo(TAxes const& axes, std::ostream* out) {
-    *out << axes.Name;
-}
-
-TAxes const ellipsoids[] = {
-    {"Wgs84", 6378137, 6356752.314245179},
-    {"Krassowsky1940", 6378245, 6356863.018773047},
-    {"Sphere", 6371007, 6371007},
-};
+constexpr TAxes ellipsoids[] = {Ellipsoids::Wgs84, Ellipsoids::Krassowsky1940, Ellipsoids::Sphere};
 
 constexpr TRegion WholeEarth = {90.0, -1e4, 1e5};
 constexpr TRegion AwayFromThePoles = {88.0, -1e3, 9e3};

@@ -1,3 +1,4 @@
+#include "tests/oracle/Ellipsoids.h"
 #include "tests/oracle/Places.h"
 #include "tests/oracle/ProjPipeline.h"
 
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ostream>
 #include <string>
 
 namespace OracleTests {
@@ -37,21 +37,8 @@ constexpr double AuthalicSeries = 2.5e-3;
 constexpr double ArcSeries = 1.5e-3;
 constexpr double ArcSeriesFarAway = 8e-3;
 
-struct TAxes {
-    char const* Name;
-    double Major;
-    double Minor;
-};
-
-void PrintTo(TAxes const& axes, std::ostream* out) {
-    *out << axes.Name;
-}
-
-TAxes const ellipsoids[] = {
-    {"Wgs84", 6378137, 6356752.314245179},  {"Krassowsky1940", 6378245, 6356863.018773047},
-    {"Airy1830", 6377563.396, 6356256.909}, {"Clarke1880Ign", 6378249.2, 6356515},
-    {"Sphere", 6371007, 6371007},
-};
+constexpr TAxes ellipsoids[] = {Ellipsoids::Wgs84, Ellipsoids::Krassowsky1940, Ellipsoids::Airy1830,
+                                Ellipsoids::Clarke1880Ign, Ellipsoids::Sphere};
 
 /** Latitudes, and longitudes on both sides of a meridian; degrees. */
 struct TGrid {

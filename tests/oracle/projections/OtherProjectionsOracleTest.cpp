@@ -5,13 +5,13 @@
 #include "core/projections/NZMG.h"
 #include "core/projections/Orthographic.h"
 #include "core/projections/Polyconic.h"
+#include "tests/oracle/Ellipsoids.h"
 #include "tests/oracle/Places.h"
 #include "tests/oracle/ProjPipeline.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <ostream>
 #include <string>
 
 namespace OracleTests {
@@ -20,24 +20,16 @@ namespace {
 
 using namespace KvRefSystem;
 
-struct TNamedAxes {
-    char const* Name;
-    TEllipsoidSemiAxes Axes;
-};
+constexpr TAxes ellipsoids[] = {Ellipsoids::Wgs84, Ellipsoids::International1924, Ellipsoids::Bessel1841,
+                                Ellipsoids::Clarke1880Rgs, Ellipsoids::Krassowsky1940};
 
-void PrintTo(TNamedAxes const& axes, std::ostream* out) {
-    *out << axes.Name;
+constexpr TEllipsoidSemiAxes SemiAxesOf(TAxes const& axes) {
+    return {axes.Major, axes.Minor};
 }
 
-TNamedAxes const ellipsoids[] = {
-    {"Wgs84", {6378137, 6356752.314245179}},          {"International1924", {6378388, 6356911.9461279465}},
-    {"Bessel1841", {6377397.155, 6356078.962818189}}, {"Clarke1880Rgs", {6378249.145, 6356514.869549776}},
-    {"Krassowsky1940", {6378245, 6356863.018773047}},
-};
-
-constexpr TEllipsoidSemiAxes International = {6378388, 6356911.9461279465};
-constexpr TEllipsoidSemiAxes Bessel = {6377397.155, 6356078.962818189};
-constexpr TEllipsoidSemiAxes Sphere = {6371007, 6371007};
+constexpr TEllipsoidSemiAxes International = SemiAxesOf(Ellipsoids::International1924);
+constexpr TEllipsoidSemiAxes Bessel = SemiAxesOf(Ellipsoids::Bessel1841);
+constexpr TEllipsoidSemiAxes Sphere = SemiAxesOf(Ellipsoids::Sphere);
 
 /** Degrees. */
 struct TArea {
@@ -96,9 +88,11 @@ void ExpectWithin(TDifferences const& differences, double forward, double revers
     EXPECT_LT(differences.Reverse, reverse);
 }
 
-class OtherProjections : public testing::TestWithParam<TNamedAxes> {
+class OtherProjections : public testing::TestWithParam<TAxes> {
 protected:
-    TEllipsoidSemiAxes const& Axes() const { return GetParam().Axes; }
+    OtherProjections() : Axes(SemiAxesOf(GetParam())) {}
+
+    TEllipsoidSemiAxes const Axes;
 };
 
 /** PROJ's krovak is always on Bessel's ellipsoid, and holds the axis and the cone as rounded decimals. */
@@ -142,8 +136,8 @@ constexpr double CassinisSeriesAtThreeDegrees = 3e-3;
 
 TEST_P(OtherProjections, CassiniSoldnerEqualsProj) {
     TCassiniSoldnerMapProjectionParameters const record(40 * Degree, 10 * Degree, 0, 0);
-    TCassiniSoldnerMapProjection const cassini(&Axes(), &record);
-    std::string const definition = "+proj=cass" + OriginOf(40, 10) + AxesOf(Axes());
+    TCassiniSoldnerMapProjection const cassini(&Axes, &record);
+    std::string const definition = "+proj=cass" + OriginOf(40, 10) + AxesOf(Axes);
     ExpectWithin(Compare(cassini, definition, {-80, 80, 9, 11}), MeridianSeries, CassinisReverseAtOneDegree);
     ExpectWithin(Compare(cassini, definition, {-80, 80, 7, 13}), MeridianSeries,
                  CassinisReverseAtThreeDegrees);
@@ -168,8 +162,8 @@ constexpr double HattsReverseAtAHalf = 0.02;
 TEST_P(OtherProjections, HattComesCloseToTheAzimuthalEquidistantOfProj) {
     for (double const latitude : {-60.0, 0.0, 38.0}) {
         THattMapProjectionParameters const record(latitude * Degree, 23.5 * Degree);
-        THattMapProjection const hatt(&Axes(), &record);
-        std::string const definition = "+proj=aeqd" + OriginOf(latitude, 23.5) + AxesOf(Axes());
+        THattMapProjection const hatt(&Axes, &record);
+        std::string const definition = "+proj=aeqd" + OriginOf(latitude, 23.5) + AxesOf(Axes);
         ExpectWithin(Compare(hatt, definition, {latitude - 0.25, latitude + 0.25, 23.25, 23.75}),
                      HattsForwardAtAQuarter, HattsReverseAtAQuarter);
         ExpectWithin(Compare(hatt, definition, {latitude - 0.5, latitude + 0.5, 23, 24}), HattsForwardAtAHalf,
@@ -182,8 +176,8 @@ constexpr double MeridianSeriesToThirtyFiveDegrees = 1e-4;
 
 TEST_P(OtherProjections, PolyconicEqualsProj) {
     TPolyconicMapProjectionParameters const record(-54 * Degree, 0, 1, 0, 0);
-    TPolyconicMapProjection const polyconic(&Axes(), &record);
-    std::string const definition = "+proj=poly" + OriginOf(0, -54) + AxesOf(Axes());
+    TPolyconicMapProjection const polyconic(&Axes, &record);
+    std::string const definition = "+proj=poly" + OriginOf(0, -54) + AxesOf(Axes);
     ExpectWithin(Compare(polyconic, definition, {-35, 6, -74, -34}), MeridianSeriesToThirtyFiveDegrees,
                  MeridianSeriesToThirtyFiveDegrees);
     ExpectWithin(Compare(polyconic, definition, {-80, 80, -114, 6}), MeridianSeries, MeridianSeries);
@@ -194,8 +188,8 @@ constexpr double OrthographicsMissingStep = 1.3e-5;
 
 TEST_P(OtherProjections, OrthographicEqualsProj) {
     TOrthographicMapProjectionParameters const record(55 * Degree, 5 * Degree, 0, 0);
-    TOrthographicMapProjection const orthographic(&Axes(), &record);
-    std::string const definition = "+proj=ortho" + OriginOf(55, 5) + AxesOf(Axes());
+    TOrthographicMapProjection const orthographic(&Axes, &record);
+    std::string const definition = "+proj=ortho" + OriginOf(55, 5) + AxesOf(Axes);
     ExpectWithin(Compare(orthographic, definition, {10, 80, -40, 50}), Rounding, OrthographicsMissingStep);
 }
 
@@ -205,8 +199,8 @@ constexpr double AuthalicCosineToEightyNineNine = 5e-6;
 
 TEST_P(OtherProjections, LambertAzimuthalEqualAreaEqualsProj) {
     TLambertAzimuthalEqualAreaMapProjectionParameters const record(52 * Degree, 10 * Degree, 0, 0);
-    TLambertAzimuthalEqualAreaMapProjection const lambert(&Axes(), &record);
-    std::string const definition = "+proj=laea" + OriginOf(52, 10) + AxesOf(Axes());
+    TLambertAzimuthalEqualAreaMapProjection const lambert(&Axes, &record);
+    std::string const definition = "+proj=laea" + OriginOf(52, 10) + AxesOf(Axes);
     ExpectWithin(Compare(lambert, definition, {24, 85, -36, 46}), AuthalicCosineToEightyFive,
                  AuthalicCosineToEightyFive);
     ExpectWithin(Compare(lambert, definition, {-30, 89.9, -75, 94}), AuthalicCosineToEightyNineNine,

@@ -1,3 +1,4 @@
+#include "tests/oracle/Ellipsoids.h"
 #include "tests/oracle/Places.h"
 #include "tests/oracle/ProjPipeline.h"
 
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ostream>
 #include <string>
 
 namespace OracleTests {
@@ -54,24 +54,9 @@ constexpr TBound KruegersSeries[] = {{0, 6.6e-5, 3.7e-5},  {6, 6.7e-5, 3.9e-5}, 
  */
 constexpr double ArcCosineAtTheEquator = 0.1;
 
-struct TAxes {
-    char const* Name;
-    double Major;
-    double Minor;
-};
-
-void PrintTo(TAxes const& axes, std::ostream* out) {
-    *out << axes.Name;
-}
-
 constexpr TAxes ellipsoids[] = {
-    {"Wgs84", 6378137, 6356752.314245179},
-    {"Krassowsky1940", 6378245, 6356863.018773047},
-    {"International1924", 6378388, 6356911.9461279465},
-    {"Airy1830", 6377563.396, 6356256.909},
-    {"Clarke1880Ign", 6378249.2, 6356515},
-    {"Bessel1841", 6377397.155, 6356078.962818189},
-};
+    Ellipsoids::Wgs84,    Ellipsoids::Krassowsky1940, Ellipsoids::International1924,
+    Ellipsoids::Airy1830, Ellipsoids::Clarke1880Ign,  Ellipsoids::Bessel1841};
 
 constexpr double CentralMeridian = 39 * Degree;
 constexpr double ScaleFactor = 0.9996;
@@ -153,7 +138,7 @@ INSTANTIATE_TEST_SUITE_P(Ellipsoids, Transverse, testing::ValuesIn(ellipsoids),
                          [](auto const& information) { return std::string(information.param.Name); });
 
 TEST(TransverseOnASphere, GaussKrugerWideIsTheClosedForm) {
-    constexpr TAxes Sphere = {"Sphere", 6371007, 6371007};
+    constexpr TAxes Sphere = Ellipsoids::Sphere;
     TEllipsoidSemiAxes const axes = {Sphere.Major, Sphere.Minor};
     TGaussKrugerWideMapProjectionParameters const record(CentralMeridian, ScaleFactor, FalseEasting,
                                                          FalseNorthing);
