@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <stdexcept>
 #include <string>
 
@@ -69,11 +69,11 @@ TEST(XmlIniReaderEdge, ManyAttributesAreReadInLinearTime) {
     for (int number = 0; number < 100000; ++number) {
         document += " a" + KvRefSystem::FormatText("%d", number) + "=\"\"";
     }
-    auto const start = std::chrono::steady_clock::now();
+    std::clock_t const start = std::clock();
     EXPECT_EQ(RefusalOf(document + "/>"), "");
     EXPECT_NE(RefusalOf(document + " a7=\"\"/>"), "");
     // Comparing each with each takes half a minute.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+    EXPECT_LT(std::clock() - start, 4 * CLOCKS_PER_SEC); // time of the processor: others may be at work
 }
 
 TEST(XmlIniReaderEdge, ManyFailingChildrenAreReadInLinearTime) {
@@ -83,12 +83,12 @@ TEST(XmlIniReaderEdge, ManyFailingChildrenAreReadInLinearTime) {
         document += "<item/>";
     }
     document += "</field></a>";
-    auto const start = std::chrono::steady_clock::now();
+    std::clock_t const start = std::clock();
     TXmlIniReader reader;
     reader.LoadString(document);
     TStringTree tree;
     EXPECT_TRUE(tree.ReadFromXML(&reader, 0, nullptr));
     EXPECT_EQ(tree.fields.Size(), Children);
     // Looking for the place of each failure from the beginning of the document takes half a minute.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+    EXPECT_LT(std::clock() - start, 4 * CLOCKS_PER_SEC); // time of the processor: others may be at work
 }

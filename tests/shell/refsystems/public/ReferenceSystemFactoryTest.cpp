@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <random>
 #include <stdexcept>
 #include <string>
@@ -120,7 +120,7 @@ TEST(ReferenceSystemFactory, NullSourcesGiveNull) {
 
 TEST(ReferenceSystemFactory, EveryPrefixOfAGoodTextEndsWellAndSoon) {
     std::string const text = GoodText();
-    auto const begin = std::chrono::steady_clock::now();
+    std::clock_t const begin = std::clock();
     std::size_t built = 0;
 
     for (std::size_t length = 0; length < text.size(); ++length) {
@@ -129,7 +129,7 @@ TEST(ReferenceSystemFactory, EveryPrefixOfAGoodTextEndsWellAndSoon) {
 
     // What stands last is the own chain: only prefixes that reach into it hold all that is required.
     EXPECT_LT(built, text.size() / 4);
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(60));
+    EXPECT_LT(std::clock() - begin, 60 * CLOCKS_PER_SEC);
 }
 
 TEST(ReferenceSystemFactory, SingleByteChangesOfAGoodTextEndWell) {
@@ -163,9 +163,9 @@ TEST(ReferenceSystemFactory, AbsurdCountsTagsAndDepthsEndSoon) {
     texts.emplace_back(100000, '(');
     texts.emplace_back(100000, 'x').insert(0, "(0,0)");
     for (std::string const& text : texts) {
-        auto const begin = std::chrono::steady_clock::now();
+        std::clock_t const begin = std::clock();
         EXPECT_FALSE(Builds(text)) << text.substr(0, 40);
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1)) << text.substr(0, 40);
+        EXPECT_LT(std::clock() - begin, CLOCKS_PER_SEC) << text.substr(0, 40);
     }
 }
 
