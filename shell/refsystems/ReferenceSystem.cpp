@@ -211,6 +211,8 @@ TShellReferenceSystem* TShellReferenceSystem::CreateCopy() const {
     std::unique_ptr<TShellReferenceSystem> copy(CreateShellReferenceSystem(SavedTree, nullptr));
     if (copy && Geoid) {
         copy->Geoid = new TShellGeoid(*Geoid, copy.get());
+        // Once more, as the copy has it only now: which heights the system has depends on its geoid.
+        copy->Geoid->Preset(copy.get());
     }
     return copy.release();
 }

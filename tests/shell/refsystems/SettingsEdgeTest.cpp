@@ -137,6 +137,26 @@ TEST(SettingsEdge, SkippingTheGeoidsLeavesBothOut) {
     EXPECT_EQ(point[2], 100);
 }
 
+TEST(SettingsEdge, ACopysGeoidActsAsTheOriginals) {
+    auto const source = Create(Pulkovo1942());
+    auto const target = Create(WithZeroShift());
+    auto const grid = Create(WithZeroShift());
+    TLevelGrid surface(40);
+    ASSERT_TRUE(source->SetGeoid("geoid", &surface, grid.get()));
+    std::unique_ptr<TShellReferenceSystem> const copy(source->CreateCopy());
+    ASSERT_NE(copy, nullptr);
+    double original[3] = {55, 37, 100};
+    double copied[3] = {55, 37, 100};
+
+    source->OperateShellCoords(*target, original, false);
+    copy->OperateShellCoords(*target, copied, false);
+
+    // The surface is level over the ellipsoid of the target: 40 and 100 metres, whatever the source's datum. The
+    // search for the height ends at a millimetre.
+    EXPECT_NEAR(original[2], 140, 1e-3);
+    EXPECT_EQ(copied[2], original[2]);
+}
+
 TEST(SettingsEdge, ANewGeoidReplacesTheOldOneAndItsSetting) {
     auto const system = Create(WithZeroShift());
     auto const grid = Create(WithZeroShift());
