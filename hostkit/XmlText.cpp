@@ -57,15 +57,20 @@ int HexDigit(char digit) {
     return -1;
 }
 
-/** @return the byte of the escape at the beginning of a text, or -1 without one. */
-int ReadEscape(std::string_view text) {
-    if (text.size() < escapeLength || text.substr(0, escapeHead.size()) != escapeHead ||
-        text[escapeLength - 1] != '_') {
+/** @return the byte that an escape at the beginning of a text tells, its last underscore aside, or -1. */
+int ReadUnfinishedEscape(std::string_view text) {
+    if (text.size() < escapeLength - 1 || text.substr(0, escapeHead.size()) != escapeHead) {
         return -1;
     }
     int const high = HexDigit(text[4]);
     int const low = HexDigit(text[5]);
     return high < 0 || low < 0 ? -1 : high * 16 + low;
+}
+
+/** @return the byte of the escape at the beginning of a text, or -1 without one. */
+int ReadEscape(std::string_view text) {
+    bool const isFinished = text.size() >= escapeLength && text[escapeLength - 1] == '_';
+    return isFinished ? ReadUnfinishedEscape(text) : -1;
 }
 
 void AppendEscapes(std::string* target, std::string_view bytes) {
@@ -78,15 +83,20 @@ void AppendEscapes(std::string* target, std::string_view bytes) {
 /** Copies the characters that `mayStand(code, isFirst)` lets through and escapes the bytes of the others. */
 template <class Predicate>
 std::string EscapeUnless(std::string_view text, Predicate mayStand) {
+    auto const stands = [text, mayStand](std::size_t offset) {
+        Utf8Character const character = DecodeUtf8(text.substr(offset));
+        return character.length != 0 && mayStand(character.code, offset == 0);
+    };
     std::string escaped;
     escaped.reserve(text.size());
     for (std::size_t offset = 0; offset < text.size();) {
         std::string_view const rest = text.substr(offset);
-        Utf8Character const character = DecodeUtf8(rest);
-        std::size_t const length = std::max<std::size_t>(character.length, 1);
-        bool const isFine =
-            character.length != 0 && mayStand(character.code, offset == 0) && ReadEscape(rest) < 0;
-        if (isFine) {
+        // The underscore that finishes it may also be the first one of an escape that follows.
+        std::size_t const next = offset + escapeLength - 1;
+        bool const readsAsEscape =
+            next < text.size() && ReadUnfinishedEscape(rest) >= 0 && (text[next] == '_' || !stands(next));
+        std::size_t const length = std::max<std::size_t>(DecodeUtf8(rest).length, 1);
+        if (stands(offset) && !readsAsEscape) {
             escaped += rest.substr(0, length);
         } else {
             AppendEscapes(&escaped, rest.substr(0, length));

@@ -31,6 +31,16 @@ TEST(XmlText, ATextThatLooksLikeAnEscapeIsEscaped) {
     EXPECT_EQ(UnescapeValue("_x004a_"), "J");
 }
 
+TEST(XmlText, ATextIsEscapedThatTheNextEscapeWouldFinish) {
+    // Without the first escape the underscore of the second one would make "_x000A_".
+    EXPECT_EQ(EscapeValue("_x000A\x0F_"), "_x005F_x000A_x000F__");
+    EXPECT_EQ(EscapeValue("_x0041\xFF"), "_x005F_x0041_x00FF_");
+    EXPECT_EQ(NameOf("_x0041 b"), "_x005F_x0041_x0020_b");
+    for (char const* const value : {"_x000A\x0F_", "_x0041\xFF", "_x0041_x0042\x01", "_x0041_\x01"}) {
+        EXPECT_EQ(UnescapeValue(EscapeValue(value)), value);
+    }
+}
+
 TEST(XmlText, UnescapeInvertsEscapeForAnyBytes) {
     std::mt19937 generator(4242);
     for (int round = 0; round < 1000; ++round) {
