@@ -50,6 +50,14 @@ TEST(ZoneShorthand, SaysRegionOrBlockZoneAndWidth) {
     EXPECT_EQ(block.width, "6");
 }
 
+TEST(ZoneShorthand, AWidthHasNoBlanksOfAnyKind) {
+    // They would come into messages and into the description.
+    for (char const* const width : {"3\n", "3\r", "\v3", "\f3", "3\t", " 3"}) {
+        EXPECT_THROW(ParseZoneShorthand(std::string("msk:50:2:") + width), TToolError) << width;
+        EXPECT_THROW(ParseZoneShorthand(std::string("sk63:C:1:") + width), TToolError) << width;
+    }
+}
+
 TEST(ZoneShorthand, ZonesGoRoundTheEarthOnce) {
     EXPECT_EQ(ParseZoneShorthand("msk:50:120").zone, 120); // 360 degrees of 3
     EXPECT_EQ(ParseZoneShorthand("msk:50:60:6").zone, 60);

@@ -145,7 +145,7 @@ void ParseSixDegreeZone(TParts const& parts, bool needsLetter, TZone* zone) {
 void ParseZoneAndWidth(TParts const& parts, bool onlyWhole, TZone* zone) {
     zone->width = parts.Count() > 2 ? parts[2] : defaultWidth;
     double width = 0;
-    bool const hasBlanks = zone->width.find_first_of(" \t") != std::string::npos;
+    bool const hasBlanks = zone->width.find_first_of(" \t\n\v\f\r") != std::string::npos;
     if (hasBlanks || !ParseWholeDouble(zone->width, &width)) {
         parts.Fail("width " + Quoted(zone->width, longestShownPart) + " is not a number of degrees" +
                    parts.FormText());
