@@ -7,8 +7,11 @@
 #include <filesystem>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include <fcntl.h>
+#include <locale.h>
+#include <string.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,7 +20,7 @@ namespace VellariHostKit {
 namespace {
 
 [[noreturn]] void Fail(std::string const& path, char const* what, int code) {
-    throw std::runtime_error(path + ": " + what + ": " + std::generic_category().message(code));
+    throw std::runtime_error(path + ": " + what + ": " + SystemReason(code));
 }
 
 /** An open file, closed at the end. */
@@ -100,6 +103,11 @@ void WriteDirectly(std::string const& path, std::string_view text) {
 
 } // namespace
 
+std::string SystemReason(int code) {
+    static locale_t const words = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    return ::strerror_l(code, words);
+}
+
 std::string ReadWholeFile(std::string const& path) {
     File const file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.Get() < 0) {
@@ -140,7 +148,7 @@ void WriteWholeFile(std::string const& path, std::string_view text) {
     Remover fresh;
     std::string created;
     File file(CreateBeside(path, target, &created));
-    fresh.path = created;
+    fresh.path = std::move(created); // a copy could fail and leave the file behind
     int failed = WriteAll(file.Get(), text);
     if (!failed && exists && ::fchmod(file.Get(), old.st_mode & 07777) != 0) {
         failed = errno;
@@ -151,7 +159,7 @@ void WriteWholeFile(std::string const& path, std::string_view text) {
     if (int const closing = file.Close(); closing && !failed) {
         failed = closing;
     }
-    if (!failed && ::rename(created.c_str(), target.c_str()) != 0) {
+    if (!failed && ::rename(fresh.path.c_str(), target.c_str()) != 0) {
         failed = errno;
     }
     if (failed) {

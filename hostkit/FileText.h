@@ -6,6 +6,9 @@
 /** Whole files as texts; every error is one line that names the file and the system's reason. */
 namespace VellariHostKit {
 
+/** @return the system's reason for an error number, in the words of the C locale whatever the host has set. */
+std::string SystemReason(int code);
+
 /** @return the bytes of a file. @throws std::runtime_error when it can't be read. */
 std::string ReadWholeFile(std::string const& path);
 

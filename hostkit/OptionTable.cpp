@@ -97,7 +97,11 @@ int TKvOptionTable::RegisterOption(std::string const& name, T const& value,
     if (found == state->options.end()) {
         Option<T> fresh;
         fresh.Set(value);
-        found = state->options.emplace(name, std::move(fresh)).first;
+        if (shared) {
+            fresh.handlers.push_back(std::move(shared));
+        }
+        state->options.emplace(name, std::move(fresh));
+        return ++state->registrations;
     }
     Option<T>& option = Typed<T>(name, found->second);
     if (shared) {

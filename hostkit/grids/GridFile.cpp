@@ -1,8 +1,9 @@
 #include "hostkit/grids/GridFileDetail.h"
 
+#include "hostkit/FileText.h"
+
 #include <cerrno>
 #include <stdexcept>
-#include <system_error>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -13,7 +14,7 @@ namespace VellariHostKit {
 namespace {
 
 [[noreturn]] void Fail(int code) {
-    throw std::runtime_error("can't be read: " + std::generic_category().message(code));
+    throw std::runtime_error("can't be read: " + SystemReason(code));
 }
 
 } // namespace

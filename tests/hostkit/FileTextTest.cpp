@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <clocale>
 #include <filesystem>
 #include <string>
 
@@ -62,6 +64,15 @@ TEST(FileText, AMissingFolderIsAnErrorThatNamesTheFile) {
     EXPECT_EQ(FailureOf([&] { WriteWholeFile(file, "x"); }),
               file + ": can't be written: No such file or directory");
     EXPECT_EQ(FailureOf([&] { ReadWholeFile(file); }), file + ": can't be read: No such file or directory");
+}
+
+TEST(FileText, TheReasonIsInTheWordsOfTheCLocaleWhateverTheHostHasSet) {
+    std::string const before = std::setlocale(LC_ALL, nullptr);
+    ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr) << "the locale de_DE.UTF-8 is missing";
+    std::string const failure = FailureOf([] { ReadWholeFile("/missing"); });
+    std::setlocale(LC_ALL, before.c_str());
+    EXPECT_EQ(failure, "/missing: can't be read: No such file or directory");
+    EXPECT_EQ(VellariHostKit::SystemReason(ENOSPC), "No space left on device");
 }
 
 TEST(FileText, AFolderIsNoFile) {
