@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <utility>
 
 namespace KvRefSystem {
@@ -170,6 +171,8 @@ bool TDataField<T>::ReadFromXML(TKvXIniReader* reader) {
         }
         data.Leave();
         return true;
+    } catch (std::bad_alloc const&) {
+        throw; // for the tree, which goes on over a field that is malformed
     } catch (...) {
         return false;
     }

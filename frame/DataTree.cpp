@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 #include <stdexcept>
 #include <utility>
 
@@ -370,6 +371,11 @@ bool TDataTree<T>::ReadFromXML(TKvXIniReader* reader, unsigned long /*item*/, TD
         ReadSections(reader, "subtree",
                      [this, reader](unsigned long index) { subtrees.Append(CreateSubtree(reader, index)); });
         return true;
+    } catch (std::bad_alloc const&) {
+        if (enclosing) {
+            throw; // an inner tree that is cut short would pass for one that is malformed
+        }
+        return false;
     } catch (...) {
         return false;
     }

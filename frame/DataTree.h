@@ -121,7 +121,10 @@ public:
      */
     void ReadFromString(char const* text, unsigned long* position);
 
-    /** Reads from the current section. @return false when something is missing; what was read stays. */
+    /**
+     * Reads from the current section.
+     * @return false when something is missing; what was read stays. @throws std::bad_alloc.
+     */
     bool ReadFromXML(TKvXIniReader* reader);
 
     int tag;             ///< field number; negative: never persisted
@@ -226,7 +229,8 @@ public:
 
     /**
      * Reads from the current section; `item` isn't used.
-     * @return false when something is missing; what was read stays.
+     * @return false when something is missing, or memory in a root tree; what was read stays.
+     * @throws std::bad_alloc inside of another tree.
      */
     bool ReadFromXML(TKvXIniReader* reader, unsigned long item, TDataTree* enclosing);
 

@@ -2,6 +2,7 @@
 
 #include "frame/imported/XIni.h"
 
+#include <stdexcept>
 #include <string>
 
 namespace KvRefSystem {
@@ -9,9 +10,18 @@ namespace KvRefSystem {
 /** A section of a reader for as long as this object lives; it is left when an exception passes, too. */
 class TXmlReadSection {
 public:
-    /** Enters the section `key` of the current one; converts to false when there is none. */
-    TXmlReadSection(TKvXIniReader* source, char const* key)
-        : reader(source), handle(source->EnterSection(source->FindF(key, 0))) {}
+    /**
+     * Enters the section `key` of the current one; converts to false when there is none.
+     * @throws std::runtime_error for one that is there and can't be entered: for want of memory it would
+     *         pass for a part that the document leaves out.
+     */
+    TXmlReadSection(TKvXIniReader* source, char const* key) : reader(source), handle(0) {
+        unsigned long const item = source->FindF(key, 0);
+        handle = source->EnterSection(item);
+        if (handle == 0 && item != TKvXIniReader::NotFound && source->IsSection(item)) {
+            throw std::runtime_error("a section can't be entered: " + std::string(key));
+        }
+    }
     TXmlReadSection(TXmlReadSection const&) = delete;
     TXmlReadSection& operator=(TXmlReadSection const&) = delete;
 

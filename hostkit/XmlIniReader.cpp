@@ -129,9 +129,8 @@ bool TXmlIniReader::LeaveSection(unsigned long handle) {
 }
 
 unsigned long TXmlIniReader::EnterSectionE(unsigned long item) {
-    unsigned long const handle = EnterSection(item);
-    if (handle) {
-        return handle;
+    if (IsSection(item)) {
+        return state->Enter(state->Find(item)->element); // memory that runs out passes as what it is
     }
     if (item == NotFound) {
         throw std::runtime_error("there is no such section" + Where());

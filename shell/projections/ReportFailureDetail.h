@@ -1,7 +1,9 @@
 #pragma once
 
+#include <map>
 #include <new>
 #include <stdexcept>
+#include <string>
 
 namespace KvRefSystem {
 
@@ -16,6 +18,18 @@ bool ReportFailure(Export run) {
         throw;
     } catch (...) {
         return false;
+    }
+}
+
+/** The same for keys, which are as they were before when memory runs out. */
+template <class Export>
+bool ReportKeysFailure(std::map<int, std::string>* keys, Export run) {
+    std::map<int, std::string> before = *keys;
+    try {
+        return ReportFailure(run);
+    } catch (...) {
+        keys->swap(before);
+        throw;
     }
 }
 

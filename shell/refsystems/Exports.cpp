@@ -82,13 +82,15 @@ bool TShellReferenceSystem::ExportDatumToWKT(std::string* text) const {
 }
 
 bool TShellReferenceSystem::ExportToGeoTIFF(std::map<int, std::string>* keys, bool WithGeoid) const {
-    if (GeoTIFFType.empty()) {
-        (*keys)[GeoKey::ModelType] = "0";
-        return false;
-    }
-    (*keys)[GeoKey::ModelType] = GeoTIFFType;
-    (*keys)[GeoKey::Citation] = "ORVANE GeoReference";
-    return !WithGeoid || !Geoid || Geoid->ExportToGeoTIFF(keys);
+    return ReportKeysFailure(keys, [&] {
+        if (GeoTIFFType.empty()) {
+            (*keys)[GeoKey::ModelType] = "0";
+            return false;
+        }
+        (*keys)[GeoKey::ModelType] = GeoTIFFType;
+        (*keys)[GeoKey::Citation] = "ORVANE GeoReference";
+        return !WithGeoid || !Geoid || Geoid->ExportToGeoTIFF(keys);
+    });
 }
 
 bool TShellReferenceSystem::ExportToGeoTIFFClassified(std::map<int, std::string>* keys) const {

@@ -130,7 +130,7 @@ bool TShellGeocentricReferenceSystem::ExportToWKT(std::string* text, bool, bool)
 
 bool TShellGeocentricReferenceSystem::ExportToGeoTIFF(std::map<int, std::string>* keys,
                                                       bool WithGeoid) const {
-    return ReportFailure([&] {
+    return ReportKeysFailure(keys, [&] {
         if (!TShellReferenceSystem::ExportToGeoTIFF(keys, WithGeoid)) {
             return false;
         }
@@ -158,7 +158,7 @@ bool TShellGeocentricReferenceSystem::ExportToGeoTIFF(std::map<int, std::string>
 }
 
 bool TShellGeocentricReferenceSystem::ExportToGeoTIFFClassified(std::map<int, std::string>* keys) const {
-    return ReportFailure([&] {
+    return ReportKeysFailure(keys, [&] {
         if (!TShellReferenceSystem::ExportToGeoTIFFClassified(keys) || !LinearUnit) {
             return false;
         }

@@ -129,7 +129,7 @@ bool TShellGeodeticReferenceSystem::ExportToGeoTIFF(std::map<int, std::string>* 
 
 bool TShellGeodeticReferenceSystem::ExportToGeoTIFF(std::map<int, std::string>* keys, bool WithGeoid,
                                                     TShellAngularUnit const* unit) const {
-    return ReportFailure([&] {
+    return ReportKeysFailure(keys, [&] {
         TShellLinearUnit const* const heightUnit = HeightUnitOf(*this);
         if (!TShellReferenceSystem::ExportToGeoTIFF(keys, WithGeoid) || !unit || !heightUnit) {
             return false;
@@ -158,7 +158,7 @@ bool TShellGeodeticReferenceSystem::ExportToGeoTIFF(std::map<int, std::string>* 
 }
 
 bool TShellGeodeticReferenceSystem::ExportToGeoTIFFClassified(std::map<int, std::string>* keys) const {
-    return ReportFailure([&] {
+    return ReportKeysFailure(keys, [&] {
         TShellLinearUnit const* const heightUnit = HeightUnitOf(*this);
         if (!TShellReferenceSystem::ExportToGeoTIFFClassified(keys) || !AngularUnit || !heightUnit) {
             return false;

@@ -1,3 +1,4 @@
+#include "shell/refsystems/DescriptionEditDetail.h"
 #include "shell/refsystems/DescriptionTags.h"
 #include "shell/refsystems/ReferenceSystem.h"
 
@@ -31,10 +32,12 @@ int CountNestedProxies(TStringTree const* tree) {
 
 bool TShellReferenceSystem::SetGeoid(std::string const& id, TBaseGrid* grid,
                                      TShellReferenceSystem const* gridRefSys) {
+    bool isPresent = Geoid != nullptr;
     try {
         std::string const newId = id; // the caller's may be the present geoid's own
-        if (Geoid) {
+        if (isPresent) {
             ClearGeoid();
+            isPresent = false;
         }
         if (!grid || !gridRefSys) {
             throw std::invalid_argument("a geoid needs a grid and the grid's reference system");
@@ -43,6 +46,9 @@ bool TShellReferenceSystem::SetGeoid(std::string const& id, TBaseGrid* grid,
         Geoid->Preset(this);
         return InsertGeoidSetting(newId);
     } catch (...) {
+        if (isPresent) {
+            ClearGeoidSetting(); // a present geoid always goes, and its setting with it
+        }
         delete Geoid;
         Geoid = nullptr;
         throw std::runtime_error(
@@ -60,11 +66,12 @@ bool TShellReferenceSystem::InsertGeoidSetting(std::string const& id) {
     if (!SavedTree) {
         return false;
     }
-    std::string const newId = id; // the caller's may be the field's own text
-    SavedTree->DeleteSubtree(DescriptionTag::Geoid, 0);
-    return SavedTree->InsertSubtree("Geoid", DescriptionTag::Geoid, 0) &&
-           SavedTree->FindSubtree(DescriptionTag::Geoid, 0)
-               ->InsertString("GeoidID", DescriptionTag::GeoidId, 0, newId);
+    TStringTree const* const old = SavedTree->FindSubtree(DescriptionTag::Geoid, 0);
+    DescriptionEdit::TNewSubtree setting(SavedTree, "Geoid", DescriptionTag::Geoid, 0, old);
+    // The caller's id may be the old field's own text, which stands until the new one is kept.
+    bool const isInserted = setting.Tree()->InsertString("GeoidID", DescriptionTag::GeoidId, 0, id);
+    setting.Keep();
+    return isInserted;
 }
 
 void TShellReferenceSystem::ClearGeoidSetting() {
@@ -105,8 +112,13 @@ bool TShellReferenceSystem::SetProxyRefSys(var_a<TShellReferenceSystem*> proxy) 
     // A proxy of itself would hold itself alive for ever and describe itself without end.
     if (CoreRefSystem && proxy && proxy->CoreRefSystem && proxy.get() != this) {
         ProxyRefSys = proxy;
-        if (!InsertProxyRefSysToTree(nullptr)) {
-            ProxyRefSys.release();
+        try {
+            if (!InsertProxyRefSysToTree(nullptr)) {
+                ProxyRefSys.release();
+            }
+        } catch (...) {
+            ProxyRefSys.release(); // what isn't described isn't there
+            throw;
         }
     }
     return static_cast<bool>(ProxyRefSys);
@@ -124,17 +136,20 @@ void TShellReferenceSystem::DeleteProxyRefSysFromTree() {
 }
 
 bool TShellReferenceSystem::InsertProxyRefSysToTree(TShellReferenceSystem const*) {
-    DeleteProxyRefSysFromTree();
     if (!SavedTree || !ProxyRefSys || !ProxyRefSys->SavedTree || ProxyRefSys.get() == this ||
         CountNestedProxies(ProxyRefSys->SavedTree) >= MaxProxyDepth) {
+        DeleteProxyRefSysFromTree();
         return false;
     }
-    if (SavedTree->InsertSubtree("Proxy reference system", DescriptionTag::Proxy, 0) &&
-        ProxyRefSys->SavedTree->CopyTo(SavedTree->FindSubtree(DescriptionTag::Proxy, 0))) {
-        return true;
+    TStringTree const* const old = SavedTree->FindSubtree(DescriptionTag::Proxy, 0);
+    DescriptionEdit::TNewSubtree description(SavedTree, "Proxy reference system", DescriptionTag::Proxy, 0,
+                                             old);
+    bool const isCopied = ProxyRefSys->SavedTree->CopyTo(description.Tree());
+    description.Keep();
+    if (!isCopied) {
+        DeleteProxyRefSysFromTree();
     }
-    DeleteProxyRefSysFromTree();
-    return false;
+    return isCopied;
 }
 
 var_a<TShellReferenceSystem*> TShellReferenceSystem::GetProxyRefSys() const {

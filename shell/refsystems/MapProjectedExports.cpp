@@ -112,7 +112,7 @@ bool TShellMapProjectedReferenceSystem::ExportToMIFMID(std::string* text, bool C
 
 bool TShellMapProjectedReferenceSystem::ExportToGeoTIFF(std::map<int, std::string>* keys,
                                                         bool WithGeoid) const {
-    return ReportFailure([&] {
+    return ReportKeysFailure(keys, [&] {
         std::unique_ptr<TShellAngularUnit> const degree = CreateDegree();
         TShellLinearUnit const* const heightUnit = FindHeightUnit();
         if (!BaseGeodetic || !BaseGeodetic->ExportToGeoTIFF(keys, WithGeoid, degree.get()) ||
@@ -136,7 +136,7 @@ bool TShellMapProjectedReferenceSystem::ExportToGeoTIFF(std::map<int, std::strin
 }
 
 bool TShellMapProjectedReferenceSystem::ExportToGeoTIFFClassified(std::map<int, std::string>* keys) const {
-    return ReportFailure([&] {
+    return ReportKeysFailure(keys, [&] {
         TShellLinearUnit const* const heightUnit = FindHeightUnit();
         if (!TShellReferenceSystem::ExportToGeoTIFFClassified(keys) || !LinearUnit || !heightUnit) {
             return false;
@@ -148,7 +148,7 @@ bool TShellMapProjectedReferenceSystem::ExportToGeoTIFFClassified(std::map<int, 
 
 bool TShellMapProjectedReferenceSystem::ExportToPanorama(std::map<int, std::string>* keys,
                                                          bool WithGeoid) const {
-    return ReportFailure([&] {
+    return ReportKeysFailure(keys, [&] {
         if (!TShellReferenceSystem::ExportToPanorama(keys, WithGeoid)) {
             return false;
         }

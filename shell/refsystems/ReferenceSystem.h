@@ -51,8 +51,8 @@ enum TCardinalDirection : int {
  * step. A system read from XML has no description tree: operations on the description then report failure,
  * and it carries no chains, no proxy and no geoid.
  *
- * Coordinate operations only read and may run on several threads at once, as long as no thread changes the
- * system. Everything else is for one thread at a time.
+ * Const operations only read and may run on several threads at once, as long as no thread changes the system.
+ * Everything else is for one thread at a time.
  */
 class TShellReferenceSystem {
 public:

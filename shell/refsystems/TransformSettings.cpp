@@ -1,3 +1,4 @@
+#include "shell/refsystems/DescriptionEditDetail.h"
 #include "shell/refsystems/DescriptionTags.h"
 #include "shell/refsystems/ReferenceSystem.h"
 
@@ -6,24 +7,100 @@
 
 namespace KvRefSystem {
 
+namespace {
+
+using DescriptionEdit::KeepWithMemory;
+using DescriptionEdit::TChainBackup;
+using DescriptionEdit::TNewSubtree;
+
+/**
+ * Lets the description, and then what `core` does, follow a change of the own chain. A false keeps what is
+ * done; memory that runs out leaves both as they were.
+ */
+template <class Core>
+bool FollowOwnChain(TShellReferenceSystem* system, Core core) {
+    if (!system->SavedTree || !system->Transform) {
+        return false;
+    }
+    TStringTree const* const old = system->SavedTree->FindSubtree(DescriptionTag::Transforms, 0);
+    TNewSubtree settings(system->SavedTree, "Transforms", DescriptionTag::Transforms, 0, old);
+    return KeepWithMemory(
+        [&] { return system->Transform->WriteToTree(settings.Tree(), std::string()) && core(); },
+        [&] { settings.Keep(); });
+}
+
+/** Changes a chain and lets `follow` do the rest; memory that runs out puts the chain back. */
+template <class Change, class Follow>
+bool ChangeChain(TShellRefSystemTransform* chain, int index, Change change, Follow follow) {
+    TChainBackup backup(chain, index);
+    if (!change()) {
+        return false;
+    }
+    return KeepWithMemory(follow, [&] { backup.Keep(); });
+}
+
+/** What stands for a pairwise chain in a description: the set alone, or with it all that is left around it. */
+TDataTree<std::string>* FindOutermost(TStringTree* settings) {
+    if (!settings) {
+        return nullptr;
+    }
+    std::vector<int> sets;
+    settings->parent->GetSubtreesIndexList(DescriptionTag::PairwiseTransformSet, &sets);
+    return sets.size() == 1 ? settings->parent : settings;
+}
+
+/** The same for a pairwise chain. */
+template <class Core>
+bool FollowPairwiseChain(TShellReferenceSystem* system, std::string const& name, Core core) {
+    TShellRefSystemTransform* const chain = system->AccessPairwiseTransforms(name);
+    if (!chain || !system->SavedTree) {
+        return false;
+    }
+    TStringTree* const tree = system->SavedTree;
+    TDataTree<std::string> const* const old = FindOutermost(system->FindPairwiseTransformsSettings(name));
+    TStringTree* const collection = tree->FindSubtree(DescriptionTag::AllPairwiseTransforms, 0);
+    auto const writeAndKeep = [&](TNewSubtree* added, TStringTree* settings) {
+        return KeepWithMemory([&] { return chain->WriteToTree(settings, name) && core(); },
+                              [&] { added->Keep(); });
+    };
+    if (collection && collection != old) {
+        int const idx = collection->GetFreeSubtreeIndex(DescriptionTag::PairwiseTransformSet);
+        TNewSubtree set(collection, "Pairwise Transform Set", DescriptionTag::PairwiseTransformSet, idx, old);
+        return writeAndKeep(&set, set.Tree());
+    }
+    TNewSubtree all(tree, "All Pairwise Transforms", DescriptionTag::AllPairwiseTransforms, 0, old);
+    return all.Tree()->InsertSubtree("Pairwise Transform Set", DescriptionTag::PairwiseTransformSet, 0) &&
+           writeAndKeep(&all, all.Tree()->FindSubtree(DescriptionTag::PairwiseTransformSet, 0));
+}
+
+} // namespace
+
 bool TShellReferenceSystem::AppendTransform(TShellRefSystemTransformParams const* params) {
-    return params && Transform && Transform->AddNextTransform(*params) && InsertTransformsSettings() &&
-           InsertCoreTransforms();
+    return params && Transform &&
+           ChangeChain(
+               Transform, -1, [&] { return Transform->AddNextTransform(*params); },
+               [this] { return FollowOwnChain(this, [this] { return InsertCoreTransforms(); }); });
 }
 
 bool TShellReferenceSystem::DeleteTransform(int index) {
-    return Transform && Transform->DeleteTransform(index) && InsertTransformsSettings() &&
-           InsertCoreTransforms();
+    return Transform &&
+           ChangeChain(
+               Transform, index, [&] { return Transform->DeleteTransform(index); },
+               [this] { return FollowOwnChain(this, [this] { return InsertCoreTransforms(); }); });
 }
 
 bool TShellReferenceSystem::ReplaceTransform(int index, TShellRefSystemTransformParams const& params) {
-    return Transform && Transform->ReplaceTransform(index, params) && InsertTransformsSettings() &&
-           InsertCoreTransforms();
+    return Transform &&
+           ChangeChain(
+               Transform, index, [&] { return Transform->ReplaceTransform(index, params); },
+               [this] { return FollowOwnChain(this, [this] { return InsertCoreTransforms(); }); });
 }
 
 bool TShellReferenceSystem::SwapTransforms(int first, int second) {
-    return Transform && Transform->SwapTransforms(first, second) && InsertTransformsSettings() &&
-           InsertCoreTransforms();
+    return Transform &&
+           ChangeChain(
+               Transform, -1, [&] { return Transform->SwapTransforms(first, second); },
+               [this] { return FollowOwnChain(this, [this] { return InsertCoreTransforms(); }); });
 }
 
 bool TShellReferenceSystem::ClearTransforms() {
@@ -46,12 +123,7 @@ TShellRefSystemTransformParams* TShellReferenceSystem::GetTransform(int index) c
 }
 
 bool TShellReferenceSystem::InsertTransformsSettings() {
-    if (!SavedTree || !Transform) {
-        return false;
-    }
-    ClearTransformsSettings();
-    return SavedTree->InsertSubtree("Transforms", DescriptionTag::Transforms, 0) &&
-           Transform->WriteToTree(SavedTree->FindSubtree(DescriptionTag::Transforms, 0), std::string());
+    return FollowOwnChain(this, [] { return true; });
 }
 
 bool TShellReferenceSystem::AppendPairwiseTransform(std::string const& name,
@@ -61,8 +133,11 @@ bool TShellReferenceSystem::AppendPairwiseTransform(std::string const& name,
         return false;
     }
     auto const append = [&](TShellRefSystemTransform* chain) {
-        return chain->AddNextTransform(*params) && InsertPairwiseTransformsSettings(name) &&
-               InsertCorePairwiseTransforms(name);
+        return ChangeChain(
+            chain, -1, [&] { return chain->AddNextTransform(*params); },
+            [&] {
+                return FollowPairwiseChain(this, name, [&] { return InsertCorePairwiseTransforms(name); });
+            });
     };
     if (TShellRefSystemTransform* const present = AccessPairwiseTransforms(name)) {
         return append(present);
@@ -87,46 +162,58 @@ bool TShellReferenceSystem::AppendPairwiseTransform(std::string const& name,
 
 bool TShellReferenceSystem::DeletePairwiseTransform(std::string const& name, int index) {
     TShellRefSystemTransform* const chain = AccessPairwiseTransforms(name);
-    return chain && chain->DeleteTransform(index) && InsertPairwiseTransformsSettings(name) &&
-           InsertCorePairwiseTransforms(name);
+    return chain &&
+           ChangeChain(
+               chain, index, [&] { return chain->DeleteTransform(index); },
+               [&] {
+                   return FollowPairwiseChain(this, name, [&] { return InsertCorePairwiseTransforms(name); });
+               });
 }
 
 bool TShellReferenceSystem::ReplacePairwiseTransform(std::string const& name, int index,
                                                      TShellRefSystemTransformParams const& params) {
     TShellRefSystemTransform* const chain = AccessPairwiseTransforms(name);
-    return chain && chain->ReplaceTransform(index, params) && InsertPairwiseTransformsSettings(name) &&
-           InsertCorePairwiseTransforms(name);
+    return chain &&
+           ChangeChain(
+               chain, index, [&] { return chain->ReplaceTransform(index, params); },
+               [&] {
+                   return FollowPairwiseChain(this, name, [&] { return InsertCorePairwiseTransforms(name); });
+               });
 }
 
 bool TShellReferenceSystem::SwapPairwiseTransforms(std::string const& name, int first, int second) {
     TShellRefSystemTransform* const chain = AccessPairwiseTransforms(name);
     // Kept: the main chain's description and core follow, so this swap stays in memory until the name's next
     // change.
-    return chain && chain->SwapTransforms(first, second) && InsertTransformsSettings() &&
-           InsertCoreTransforms();
+    return chain && ChangeChain(
+                        chain, -1, [&] { return chain->SwapTransforms(first, second); },
+                        [this] { return FollowOwnChain(this, [this] { return InsertCoreTransforms(); }); });
 }
 
 bool TShellReferenceSystem::ClearPairwiseTransforms(std::string const& name) {
     std::string const key = name; // the caller's name may be the map's own
-    auto const entry = PairwiseTransforms.find(key);
-    if (entry != PairwiseTransforms.end()) {
-        DestroyTransformChain(entry->second);
-        PairwiseTransforms.erase(entry);
+    TDataTree<std::string>* const settings = FindOutermost(FindPairwiseTransformsSettings(key));
+    auto entry = PairwiseTransforms.extract(key);
+    bool isDone = false;
+    try {
+        isDone = InsertCorePairwiseTransforms(key);
+    } catch (...) {
+        PairwiseTransforms.insert(std::move(entry));
+        throw;
     }
-    ClearPairwiseTransformsSettings(key);
-    return InsertCorePairwiseTransforms(key);
+    if (entry) {
+        DestroyTransformChain(entry.mapped());
+    }
+    if (settings) {
+        settings->parent->DeleteSubtree(settings->tag, settings->idx);
+    }
+    return isDone;
 }
 
 bool TShellReferenceSystem::ClearPairwiseTransformsSettings(std::string const& name) {
-    TStringTree* const settings = FindPairwiseTransformsSettings(name);
-    if (!settings) {
-        return true;
-    }
-    TDataTree<std::string>* const collection = settings->parent;
-    collection->DeleteSubtree(DescriptionTag::PairwiseTransformSet, settings->idx);
-    std::vector<int> remaining;
-    if (collection->GetSubtreesIndexList(DescriptionTag::PairwiseTransformSet, &remaining) == 0) {
-        SavedTree->DeleteSubtree(DescriptionTag::AllPairwiseTransforms, 0);
+    TDataTree<std::string>* const settings = FindOutermost(FindPairwiseTransformsSettings(name));
+    if (settings) {
+        settings->parent->DeleteSubtree(settings->tag, settings->idx);
     }
     return true;
 }
@@ -185,19 +272,7 @@ TStringTree* TShellReferenceSystem::FindPairwiseTransformsSettings(std::string c
 }
 
 bool TShellReferenceSystem::InsertPairwiseTransformsSettings(std::string const& name) {
-    TShellRefSystemTransform* const chain = AccessPairwiseTransforms(name);
-    if (!chain || !SavedTree) {
-        return false;
-    }
-    ClearPairwiseTransformsSettings(name);
-    if (!SavedTree->FindSubtree(DescriptionTag::AllPairwiseTransforms, 0) &&
-        !SavedTree->InsertSubtree("All Pairwise Transforms", DescriptionTag::AllPairwiseTransforms, 0)) {
-        return false;
-    }
-    TStringTree* const collection = SavedTree->FindSubtree(DescriptionTag::AllPairwiseTransforms, 0);
-    int const idx = collection->GetFreeSubtreeIndex(DescriptionTag::PairwiseTransformSet);
-    return collection->InsertSubtree("Pairwise Transform Set", DescriptionTag::PairwiseTransformSet, idx) &&
-           chain->WriteToTree(collection->FindSubtree(DescriptionTag::PairwiseTransformSet, idx), name);
+    return FollowPairwiseChain(this, name, [] { return true; });
 }
 
 bool TShellReferenceSystem::InitializeCorePairwiseTransforms(
