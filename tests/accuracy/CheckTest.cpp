@@ -1,9 +1,10 @@
 #include "tools/accuracy/Check.h"
-#include "tools/accuracy/Methods.h"
+#include "tools/accuracy/ProjectionTables.h"
 
 #include <gmock/gmock.h>
 
-#include <set>
+#include <cmath>
+#include <limits>
 
 namespace {
 
@@ -12,22 +13,27 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /** Two rows that nothing has to be measured for. */
-std::vector<TFamily> TwoRows() {
-    return {{"Planes",
-             {{KvRefSystem::mptHatt,
-               {38, 23.5},
-               "+proj=aeqd",
-               elBessel,
-               {{{37, 39, 23.5, 1}, "Its series."}, {{36, 40, 23.5, 2}, "", soRounding}}}}}};
+TDocument TwoRows() {
+    TDocument document{"# Planes\n\nThey ", ".\n", {}};
+    document.Tables =
+        ProjectionTables({{"Planes",
+                           {{KvRefSystem::mptHatt,
+                             {38, 23.5},
+                             "+proj=aeqd",
+                             elBessel,
+                             {{{37, 39, 23.5, 1}, "Its series."}, {{36, 40, 23.5, 2}, "", soRounding}}}}}});
+    return document;
 }
 
-std::vector<TDifferences> const differences = {{0.0011, 2.2, 0}, {0.004, 0.005, 1e-9}};
+std::vector<TNumbers> const differences = {{0.0011, 2.2, 0}, {0.004, 0.005, 1e-9}};
 
 std::string Document() {
-    std::vector<TFamily> const families = TwoRows();
-    std::vector<TRow> const& rows = families[0].Cases[0].Rows;
-    return Render(families, {FiguresOf(rows[0], differences[0]), FiguresOf(rows[1], differences[1])},
-                  "9.1.1");
+    TDocument const document = TwoRows();
+    TTable const& table = document.Tables.front();
+    return Render(
+        document,
+        {FiguresOf(table, table.Lines[0], differences[0]), FiguresOf(table, table.Lines[1], differences[1])},
+        "9.1.1");
 }
 
 std::string Replaced(std::string text, std::string const& from, std::string const& to) {
@@ -42,7 +48,7 @@ std::vector<std::string> Failures(std::string const& text) {
 
 /** Where the first row stands in the document. */
 int FirstLine() {
-    return Parse(Document()).Rows.at(0).Line;
+    return Parse(TwoRows(), Document()).Rows.at(0).Line;
 }
 
 std::string At(int line) {
@@ -57,7 +63,7 @@ TEST(AccuracyCheck, DocumentHoldsWhatItWasWrittenFrom) {
 }
 
 TEST(AccuracyCheck, RowsOfLostDigitsHaveTwiceTheFigures) {
-    TDocumentContents const contents = Parse(Document());
+    TDocumentContents const contents = Parse(TwoRows(), Document());
     ASSERT_EQ(contents.Rows.size(), 2U);
     EXPECT_THAT(contents.Rows[0].Figures, ElementsAre("0.0011", "2.2", "1e-6"));
     EXPECT_THAT(contents.Rows[1].Figures, ElementsAre("0.0080", "0.010", "1e-6"));
@@ -89,7 +95,7 @@ TEST(AccuracyCheck, MissingRowFails) {
 TEST(AccuracyCheck, UnknownRowFails) {
     std::string const row = "| 1 | Hatt | elsewhere | 1.0 | 1.0 | 1.0 | |\n";
     EXPECT_THAT(Failures(Replaced(Document(), "| 1 | Hatt | 37", row + "| 1 | Hatt | 37")),
-                ElementsAre(At(FirstLine()) + "case 1, Hatt, elsewhere: no such row is measured"));
+                ElementsAre(At(FirstLine()) + "Planes, 1, Hatt, elsewhere: no such row is measured"));
 }
 
 TEST(AccuracyCheck, RowThatStandsTwiceFails) {
@@ -97,13 +103,13 @@ TEST(AccuracyCheck, RowThatStandsTwiceFails) {
     std::size_t const start = text.find("| 1 | Hatt | 37");
     std::string const row = text.substr(start, text.find('\n', start) + 1 - start);
     EXPECT_THAT(Failures(std::string(text).insert(start, row)),
-                ElementsAre(At(FirstLine() + 1) + firstRow + ": stands twice"));
+                ElementsAre(At(FirstLine() + 1) +
+                            "Planes, 1, Hatt, 37° N to 39° N, within 1° of 23.5° E: stands twice"));
 }
 
 TEST(AccuracyCheck, OtherTextFails) {
-    EXPECT_THAT(Failures(Replaced(Document(), "# Accuracy of the projections", "# Accuracy")),
-                ElementsAre("d.md:1: the text isn't what the program writes: \"# Accuracy of the "
-                            "projections\""));
+    EXPECT_THAT(Failures(Replaced(Document(), "# Planes", "# Plains")),
+                ElementsAre("d.md:1: the text isn't what the program writes: \"# Planes\""));
     std::string const text = Document();
     std::string const reason = Replaced(text, "Its series.", "Its whim.");
     ASSERT_EQ(Failures(reason).size(), 1U);
@@ -121,64 +127,81 @@ TEST(AccuracyCheck, EmptyDocumentMissesAllRows) {
     EXPECT_EQ(Failures("| 1 | Hatt\n| 1 | Hatt | 37° N | 0.1 |\n").size(), 2U);
 }
 
-TEST(AccuracyCases, CoverAllClasses) {
-    std::set<int> methods;
-    for (TMethod const& method : Methods()) {
-        methods.insert(method.Type);
+/** A table whose second column has bounds. */
+TDocument Bounded() {
+    TTable table;
+    table.Heading = "## Errors";
+    table.Subject = "error:";
+    table.Text = "Of a way.\n";
+    table.KeyHeadings = {"Height", "Side"};
+    table.Columns = {{"latitude", "rad", LeastAngle}, {"height", "m", LeastCartesian, true}};
+    table.Lines = {{{"0 to 10 km", "north"}, "Rounding.", soRounding, {3e-9}},
+                   {{"0 to 10 km", "south"}, "", soMethod, {0.5}},
+                   {{"above", "south"}, "", soMethod, {std::numeric_limits<double>::infinity()}}};
+    table.Notes = "Thus.\n";
+    table.Before = "## Part\n";
+    table.Measure = [](std::size_t line) { return TNumbers{1e-15 * static_cast<double>(line), 2e-9}; };
+    return {"It ", ".\n", {table}};
+}
+
+std::string BoundedText(std::vector<TNumbers> const& measured) {
+    TDocument const document = Bounded();
+    TTable const& table = document.Tables.front();
+    std::vector<TFigures> figures;
+    for (TLine const& line : table.Lines) {
+        figures.push_back(FiguresOf(table, line, measured.at(figures.size())));
     }
-    EXPECT_EQ(methods.size(), 26U);
-    std::set<int> measured;
-    for (TFamily const& family : Families()) {
-        for (TCase const& row : family.Cases) {
-            measured.insert(row.Type);
-        }
-    }
-    EXPECT_EQ(measured, methods);
+    return Render(document, figures, "9.1.1");
 }
 
-TEST(AccuracyCases, KeysAreAllDifferent) {
-    std::vector<std::string> const keys = RowKeys(Families());
-    EXPECT_EQ(std::set<std::string>(keys.begin(), keys.end()).size(), keys.size());
+TEST(AccuracyBounds, StandBesideTheirFiguresAndLimitThoseOfLostDigits) {
+    EXPECT_EQ(BoundedText(MeasureAll(Bounded())),
+              "It were measured against PROJ 9.1.1.\n\n"
+              "## Part\n\n"
+              "## Errors\n\nOf a way.\n\n"
+              "| Height | Side | Latitude, rad | Height, m | Bound | Reason |\n|---|---|---|---|---|---|\n"
+              "| 0 to 10 km | north * | 1e-16 | 3e-9 | 3e-9 | Rounding. |\n"
+              "| 0 to 10 km | south | 1e-15 | 2e-9 | 0.50 | |\n"
+              "| above | south | 2e-15 | 2e-9 | none | |\n\nThus.\n");
 }
 
-TEST(AccuracyMethods, WrongNumberOfParametersIsRefused) {
-    TMethod const& hatt = MethodOf(KvRefSystem::mptHatt);
-    std::vector<double> const one = {38};
-    EXPECT_THROW(ParametersText(hatt, one), std::logic_error);
-    EXPECT_THROW(CreateProjection(hatt, {6378137, 6356752}, one), std::logic_error);
-    EXPECT_THROW(MethodOf(KvRefSystem::mptUTM), std::logic_error);
+TEST(AccuracyBounds, NumbersBeyondThemFailWhateverTheTextSays) {
+    std::vector<TNumbers> measured = MeasureAll(Bounded());
+    EXPECT_THAT(BeyondBounds(Bounded(), measured), IsEmpty());
+    measured[0][1] = 4e-9;
+    measured[1][1] = std::nan("");
+    measured[2][1] = 1e9;
+    char const* const first =
+        "error: 0 to 10 km, north *: height: measured 4e-09 m, more than the bound of 3e-09 m";
+    char const* const second =
+        "error: 0 to 10 km, south: height: measured nan m, more than the bound of 0.5 m";
+    EXPECT_THAT(BeyondBounds(Bounded(), measured), ElementsAre(first, second));
+    EXPECT_THAT(Check(Bounded(), measured, BoundedText(measured), "d.md"), ElementsAre(first, second));
 }
 
-TEST(AccuracyDomain, GridHasItsEdges) {
-    std::vector<TPair> const places = PlacesOf({-10, 20, 100, 30});
-    ASSERT_EQ(places.size(), 61U * 62U);
-    EXPECT_NEAR(places.front().X / Degree, 70, 1e-12);
-    EXPECT_NEAR(places.front().Y / Degree, -10, 1e-12);
-    EXPECT_NEAR(places.back().X / Degree, 130, 1e-12);
-    EXPECT_NEAR(places.back().Y / Degree, 20, 1e-12);
-    EXPECT_EQ(PlacesOf({45, 45, 10, 0}).size(), 1U);
+TEST(AccuracyBounds, TextHoldsAndFailsAsWithoutThem) {
+    std::vector<TNumbers> const measured = MeasureAll(Bounded());
+    std::string const text = BoundedText(measured);
+    EXPECT_THAT(Check(Bounded(), measured, text, "d.md"), IsEmpty());
+    EXPECT_THAT(
+        Check(Bounded(), measured, Replaced(text, "| 2e-15 |", "| 1e-15 |"), "d.md"),
+        ElementsAre("d.md:13: error: above, south: latitude: measured 2e-15 rad, the document says 1e-15"));
+    EXPECT_THAT(Check(Bounded(), measured, Replaced(text, "| 0.50 |", "| 0.60 |"), "d.md"),
+                ElementsAre("d.md:12: the text isn't what the program writes: "
+                            "\"| 0 to 10 km | south | 1e-15 | 2e-9 | 0.50 | |\""));
+    // Under another heading there is no table.
+    EXPECT_EQ(Check(Bounded(), measured, Replaced(text, "## Errors", "## Other"), "d.md").size(), 3U);
 }
 
-TEST(AccuracyDomain, DiscHasThePlacesThatAreNear) {
-    for (TPair const& place : PlacesOf({45, 47, 25, 1.4, 100, 46})) {
-        EXPECT_LE(GroundDistance(place, {25 * Degree, 46 * Degree}, 6371), 100);
-    }
-    EXPECT_GT(PlacesOf({45, 47, 25, 1.4, 100, 46}).size(), 1000U);
-}
-
-TEST(AccuracyDomain, GroundDistanceKeepsItsDigits) {
-    // A metre of a meridian and of the parallel of 60 degrees, and half of the great circle.
-    constexpr double Radius = 6378137;
-    EXPECT_NEAR(GroundDistance({1, 0.5}, {1, 0.5 + 1 / Radius}, Radius), 1, 1e-9);
-    EXPECT_NEAR(GroundDistance({-3, 60 * Degree}, {-3 + 2 / Radius, 60 * Degree}, Radius), 1, 1e-9);
-    EXPECT_NEAR(GroundDistance({0, 0}, {180 * Degree, 0}, 1), 180 * Degree, 1e-9);
-}
-
-TEST(AccuracyDomain, IsToldInWords) {
-    EXPECT_EQ(DomainText({-84, 84, 39, 3}), "84° S to 84° N, within 3° of 39° E");
-    EXPECT_EQ(DomainText({0, 0, -96, 30}), "0°, within 30° of 96° W");
-    EXPECT_EQ(DomainText({60, 89, -170, 0}), "60° N to 89° N, on 170° W");
-    EXPECT_EQ(DomainText({45, 47, 25, 1.4, 100, 46}), "within 100 km of 46° N 25° E");
+TEST(AccuracyTable, WhatIsNoNumberIsTheGreatestAndStays) {
+    double greatest = 1;
+    Enlarge(&greatest, 0.5);
+    EXPECT_EQ(greatest, 1);
+    Enlarge(&greatest, 2);
+    EXPECT_EQ(greatest, 2);
+    Enlarge(&greatest, std::nan(""));
+    Enlarge(&greatest, 3);
+    EXPECT_TRUE(std::isnan(greatest));
 }
 
 } // namespace

@@ -34,6 +34,18 @@ TEST(Figure, IsAMicrometreAtLeast) {
     EXPECT_EQ(FigureText(1.01e-6), "1.1e-6");
 }
 
+TEST(Figure, HasAnotherLeastNumberWhereTheTableSaysSo) {
+    EXPECT_EQ(FigureText(2.31e-9, LeastCartesian), "2.4e-9");
+    EXPECT_EQ(FigureText(0, LeastCartesian), "1e-9");
+    EXPECT_EQ(FigureText(6.6e-15, LeastAngle), "6.6e-15");
+    EXPECT_EQ(FigureText(1e-17, LeastAngle), "1e-16");
+    double figure = 0;
+    EXPECT_TRUE(ReadFigure("2.4e-9", &figure, LeastCartesian));
+    EXPECT_EQ(figure, 2.4e-9);
+    EXPECT_FALSE(ReadFigure("2.4e-10", &figure, LeastCartesian));
+    EXPECT_FALSE(ReadFigure("2.4e-9", &figure));
+}
+
 TEST(Figure, SaysWhenThereIsNoNumber) {
     EXPECT_EQ(FigureText(NotANumber), "none");
     EXPECT_EQ(FigureText(Infinity), "none");

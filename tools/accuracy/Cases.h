@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tools/accuracy/Domain.h"
+#include "tools/accuracy/Table.h"
 
 #include <Vellari/Vellari.h>
 
@@ -29,13 +30,7 @@ enum EReverse : int {
     rvLatitude, ///< the latitude alone
 };
 
-/** Where the greatest difference comes from, which decides how far the figure may be off elsewhere. */
-enum ESource : int {
-    soMethod,
-    soRounding, ///< lost digits of doubles: another machine's are others
-};
-
-/** One row of the document. */
+/** One row of a table. */
 struct TRow {
     TDomain Domain;
     char const* Reason; ///< of the greatest difference; empty: as the row above

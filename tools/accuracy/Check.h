@@ -1,24 +1,26 @@
 #pragma once
 
 #include "tools/accuracy/Document.h"
-#include "tools/accuracy/Measure.h"
 
 namespace VellariAccuracy {
 
-/** The figures that a row's differences are written with. */
-TFigures FiguresOf(TRow const& row, TDifferences const& differences);
+/** The figures that a line's numbers are written with. */
+TFigures FiguresOf(TTable const& table, TLine const& line, TNumbers const& numbers);
 
-/** The differences of all rows, in the order of the document. @throws std::runtime_error of PROJ's. */
-std::vector<TDifferences> MeasureAll(std::vector<TFamily> const& families);
+/** The numbers of all lines, in the order of the tables. @throws what the tables throw. */
+std::vector<TNumbers> MeasureAll(TDocument const& document);
+
+/** @return a line for each measured number that is greater than its bound. */
+std::vector<std::string> BeyondBounds(TDocument const& document, std::vector<TNumbers> const& measured);
 
 /**
- * Holds a document against what was measured.
- * @param path of the document, for the texts.
- * @return a line for each figure that doesn't hold, for each row that is missing, unknown or stands twice,
- *         and for the first line that is no longer what the program writes; empty when the document holds.
+ * Holds a text against what was measured.
+ * @param path of the text, for the failures.
+ * @return a line for each number beyond its bound, for each figure that doesn't hold, for each row that is
+ *         missing, unknown or stands twice, and for the first line that is no longer what the program writes;
+ *         empty when the text holds.
  */
-std::vector<std::string> Check(std::vector<TFamily> const& families,
-                               std::vector<TDifferences> const& differences, std::string const& text,
-                               std::string const& path);
+std::vector<std::string> Check(TDocument const& document, std::vector<TNumbers> const& measured,
+                               std::string const& text, std::string const& path);
 
 } // namespace VellariAccuracy

@@ -1,104 +1,68 @@
 #include "tools/accuracy/Document.h"
 
-#include "tools/accuracy/Figure.h"
-#include "tools/accuracy/Methods.h"
-
-#include <functional>
+#include <algorithm>
+#include <cctype>
 
 namespace VellariAccuracy {
 
 namespace {
 
-using KvRefSystem::FormatText;
-
-/** Stands before the release in the text. */
-constexpr std::string_view BeforeRelease = "were measured against PROJ ";
-
 constexpr std::string_view CellEnd = " | ";
+constexpr std::string_view RowStart = "| ";
 
-std::string Introduction(std::string const& release) {
-    std::string text = "# Accuracy of the projections\n\n"
-                       "How far each projection of the core is from another maker's, where, and why. This "
-                       "document is written whole by\n"
-                       "`make accuracy`; the figures ";
-    text += BeforeRelease;
-    text += release;
-    text += ".\nA test measures again and fails where a figure no longer holds.\n\n";
-    text += "## How it is measured\n\n";
-    text += FormatText(
-        "- Each row has a grid of places: %d latitudes by %d longitudes, evenly spaced over its domain, its "
-        "edges included.\n",
-        LatitudeIntervals + 1, LongitudeIntervals + 1);
-    text +=
-        "  A domain around a place takes those of them that are near enough.\n"
-        "- Forward: greatest distance in metres, on the map, between our plane coordinates of a place and "
-        "PROJ's.\n"
-        "- Reverse: greatest distance in metres, on the ground, between the places that both sides find "
-        "for PROJ's plane\n"
-        "  coordinates.\n"
-        "- There and back: greatest distance in metres, on the ground, between a place and where our own "
-        "way there and back\n"
-        "  leaves it.\n";
-    text += "- Figures have two digits, rounded up, so that they hold on other machines. None is below " +
-            FigureText(LeastFigure) +
-            ": that is the rounding of\n  doubles. In rows with an asterisk the greatest difference comes "
-            "from digits that get lost, on either side, and the\n  figures are twice what was measured. \"" +
-            NoNumber + "\" says that a place had no result.\n";
-    text += "- \"All\" figures of the earth are ";
-    char const* separator = "";
-    for (TEllipsoid const& ellipsoid : EllipsoidsOf(elAll)) {
-        text += separator;
-        text += ellipsoid.Name;
-        separator = ", ";
-    }
-    text += ";\n  the greatest difference of them counts.\n"
-            "- A reason that isn't given is that of the row above.\n\n";
-    text += "## Longitudes that aren't wrapped\n\n"
-            "PROJ brings the difference from the central meridian into half a turn. So do ";
-    text += "the transverse cylinders, the spherical\n"
-            "Mercator, Albers' cone, the polyconic and the oblique stereographic here. The others take it as "
-            "it comes, since hosts rely\n"
-            "on it: it shows where the map isn't the same after a turn, which is on the cones and on "
-            "Mercator's cylinders, on the\n"
-            "series of Cassini-Soldner, Hatt, the quasi-stereographic and the New Zealand Map Grid, and on "
-            "the skew cylinders. Some\n"
-            "rows below lie there.\n";
+/** Of a row whose greatest difference is lost digits, behind its last cell. */
+constexpr std::string_view RoundingMark = " *";
+
+std::string HeadingOf(TColumn const& column) {
+    std::string text = std::string(column.Name) + ", " + column.Unit;
+    text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
     return text;
 }
 
-std::string KeyOf(int number, TCase const& measured, TRow const& row) {
-    std::string key = FormatText("| %d | %s | ", number, MethodOf(measured.Type).Name);
-    key += DomainText(row.Domain);
-    if (row.Reverse == rvLatitude) {
-        key += "; on the ground the latitude alone";
+/** The cells of a row's key, the mark included. */
+std::string CellsOf(TLine const& line) {
+    std::string text = std::string(RowStart);
+    for (std::string const& cell : line.Cells) {
+        if (text.size() > RowStart.size()) {
+            text += CellEnd;
+        }
+        text += cell;
     }
-    return key + (row.Source == soRounding ? " *" : "");
+    return line.Source == soRounding ? text.append(RoundingMark) : text;
 }
 
-/** One line on what a case compares. */
-std::string CaseText(int number, TCase const& measured) {
-    TMethod const& method = MethodOf(measured.Type);
-    std::string text = FormatText("%d. %s (class %d, ", number, method.Name, static_cast<int>(method.Type));
-    text += method.Epsg != 0 ? FormatText("EPSG method %d", method.Epsg) : std::string("no EPSG method");
-    text += "): " + ParametersText(method, measured.Values) + ". PROJ: `" + measured.Operation + "`. ";
-    if (measured.Ellipsoids == elAll) {
-        return text + "All figures of the earth.\n";
+std::string HeaderOf(TTable const& table) {
+    std::string names = "|";
+    std::string rule = "|";
+    auto const add = [&names, &rule](std::string const& name) {
+        names += ' ' + name + " |";
+        rule += "---|";
+    };
+    for (std::string const& heading : table.KeyHeadings) {
+        add(heading);
     }
-    return text + EllipsoidsOf(measured.Ellipsoids).front().Name + ".\n";
-}
-
-/** Calls for each row of the document, in its order. */
-void VisitRows(std::vector<TFamily> const& families,
-               std::function<void(int, TCase const&, TRow const&)> const& visit) {
-    int number = 0;
-    for (TFamily const& family : families) {
-        for (TCase const& measured : family.Cases) {
-            ++number;
-            for (TRow const& row : measured.Rows) {
-                visit(number, measured, row);
-            }
+    for (TColumn const& column : table.Columns) {
+        add(HeadingOf(column));
+        if (column.Bounded) {
+            add("Bound");
         }
     }
+    add("Reason");
+    return names + '\n' + rule + '\n';
+}
+
+std::string RowOf(TTable const& table, TLine const& line, TFigures const& figures) {
+    std::string text = CellsOf(line);
+    std::size_t bound = 0;
+    for (std::size_t place = 0; place < table.Columns.size(); ++place) {
+        TColumn const& column = table.Columns[place];
+        text.append(CellEnd).append(figures.at(place));
+        if (column.Bounded) {
+            text.append(CellEnd).append(FigureText(line.Bounds.at(bound++), column.Least));
+        }
+    }
+    text.append(CellEnd).append(line.Reason);
+    return text += line.Reason.empty() ? "|\n" : " |\n";
 }
 
 /** The part of the line from `*position` to the next end of a cell, which it goes past. */
@@ -113,68 +77,83 @@ std::string_view NextCell(std::string_view line, std::size_t* position) {
     return line.substr(start, end - start);
 }
 
-/** @return whether the line is a row. */
-bool ParseRow(std::string_view line, TDocumentRow* row) {
-    constexpr std::string_view Start = "| ";
-    if (!line.starts_with(Start) || line.size() == Start.size() || line[2] < '0' || line[2] > '9') {
+/** @return whether the line is a row of the table. */
+bool ParseRow(TTable const& table, std::string_view line, TDocumentRow* row) {
+    if (!line.starts_with(RowStart) || HeaderOf(table).starts_with(line)) {
         return false;
     }
-    std::size_t position = Start.size();
-    constexpr int CellsOfKey = 3;
-    for (int cell = 0; cell < CellsOfKey; ++cell) {
+    std::size_t position = RowStart.size();
+    for (std::size_t cell = 0; cell < table.KeyHeadings.size(); ++cell) {
         NextCell(line, &position);
         if (position == std::string_view::npos) {
             return false;
         }
     }
-    row->Key = line.substr(0, position - CellEnd.size());
-    for (std::string& figure : row->Figures) {
+    row->Key = table.Heading + '\n' + std::string(line.substr(0, position - CellEnd.size()));
+    row->Figures.clear();
+    for (TColumn const& column : table.Columns) {
         if (position == std::string_view::npos) {
             return false;
         }
-        figure = NextCell(line, &position);
+        row->Figures.emplace_back(NextCell(line, &position));
+        if (column.Bounded && position != std::string_view::npos) {
+            NextCell(line, &position);
+        }
     }
     return true;
 }
 
-} // namespace
-
-std::vector<std::string> RowKeys(std::vector<TFamily> const& families) {
-    std::vector<std::string> keys;
-    VisitRows(families, [&keys](int number, TCase const& measured, TRow const& row) {
-        keys.push_back(KeyOf(number, measured, row));
-    });
-    return keys;
+std::string ReleaseIn(std::string_view rest) {
+    std::string release(rest.substr(0, rest.find_first_not_of("0123456789.")));
+    while (release.ends_with('.')) {
+        release.pop_back(); // the sentence's
+    }
+    return release;
 }
 
-std::string Render(std::vector<TFamily> const& families, std::vector<TFigures> const& figures,
+} // namespace
+
+std::string KeyOf(TTable const& table, TLine const& line) {
+    return table.Heading + '\n' + CellsOf(line);
+}
+
+std::string LabelOf(TTable const& table, TLine const& line) {
+    std::string text = table.Subject;
+    char const* separator = " ";
+    for (std::string const& cell : line.Cells) {
+        text += separator + cell;
+        separator = ", ";
+    }
+    return line.Source == soRounding ? text.append(RoundingMark) : text;
+}
+
+std::string Render(TDocument const& document, std::vector<TFigures> const& figures,
                    std::string const& release) {
-    std::string text = Introduction(release);
-    int number = 0;
+    std::string text = document.Introduction;
+    text.append(BeforeRelease).append(release).append(document.IntroductionAfterwards);
     std::size_t place = 0;
-    for (TFamily const& family : families) {
-        text += std::string("\n## ") + family.Title + "\n\n";
-        text += "| Case | Method | Domain | Forward, m | Reverse, m | There and back, m | Reason |\n"
-                "|---|---|---|---|---|---|---|\n";
-        std::string cases;
-        for (TCase const& measured : family.Cases) {
-            cases += CaseText(++number, measured);
-            for (TRow const& row : measured.Rows) {
-                text += KeyOf(number, measured, row);
-                for (std::string const& figure : figures.at(place)) {
-                    text.append(CellEnd).append(figure);
-                }
-                text.append(CellEnd).append(row.Reason) += *row.Reason != '\0' ? " |\n" : "|\n";
-                ++place;
-            }
+    for (TTable const& table : document.Tables) {
+        if (!table.Before.empty()) {
+            text += '\n' + table.Before;
         }
-        text += '\n' + cases;
+        text += '\n' + table.Heading + "\n\n";
+        if (!table.Text.empty()) {
+            text += table.Text + '\n';
+        }
+        text += HeaderOf(table);
+        for (TLine const& line : table.Lines) {
+            text += RowOf(table, line, figures.at(place++));
+        }
+        if (!table.Notes.empty()) {
+            text += '\n' + table.Notes;
+        }
     }
     return text;
 }
 
-TDocumentContents Parse(std::string_view text) {
+TDocumentContents Parse(TDocument const& document, std::string_view text) {
     TDocumentContents contents;
+    TTable const* current = nullptr;
     int number = 0;
     while (!text.empty()) {
         std::size_t const end = text.find('\n');
@@ -182,15 +161,15 @@ TDocumentContents Parse(std::string_view text) {
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
         ++number;
         TDocumentRow row;
-        if (ParseRow(line, &row)) {
+        if (line.starts_with('#')) {
+            auto const found = std::find_if(document.Tables.begin(), document.Tables.end(),
+                                            [line](TTable const& table) { return table.Heading == line; });
+            current = found == document.Tables.end() ? nullptr : &*found;
+        } else if (current != nullptr && ParseRow(*current, line, &row)) {
             row.Line = number;
             contents.Rows.push_back(row);
         } else if (std::size_t const found = line.find(BeforeRelease); found != std::string_view::npos) {
-            std::string_view const release = line.substr(found + BeforeRelease.size());
-            contents.Release = release.substr(0, release.find_first_not_of("0123456789."));
-            while (contents.Release.ends_with('.')) {
-                contents.Release.pop_back(); // the sentence's
-            }
+            contents.Release = ReleaseIn(line.substr(found + BeforeRelease.size()));
         }
     }
     return contents;

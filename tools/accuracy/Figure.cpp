@@ -10,7 +10,7 @@ namespace VellariAccuracy {
 
 namespace {
 
-/** Between these the figures are written without a power of ten; metres. */
+/** Between these the figures are written without a power of ten. */
 constexpr double LeastPlain = 1e-4;
 constexpr double GreatestPlain = 1e6;
 
@@ -33,19 +33,19 @@ double ValueOf(std::string const& text) {
 
 } // namespace
 
-std::string FigureText(double metres) {
-    if (!std::isfinite(metres)) {
+std::string FigureText(double number, double least) {
+    if (!std::isfinite(number)) {
         return NoNumber;
     }
-    double const least = std::max(metres, LeastFigure);
+    double const shown = std::max(number, least);
     int units = 0;
     int tenths = 0;
     int exponent = 0;
-    KvRefSystem::ScanText(KvRefSystem::FormatText("%.1e", least).c_str(), "%d.%de%d", &units, &tenths,
+    KvRefSystem::ScanText(KvRefSystem::FormatText("%.1e", shown).c_str(), "%d.%de%d", &units, &tenths,
                           &exponent);
     int digits = 10 * units + tenths;
     // To the nearest isn't up yet.
-    if (ValueOf(TextOf(digits, exponent)) < least) {
+    if (ValueOf(TextOf(digits, exponent)) < shown) {
         ++digits;
     }
     if (digits == 100) {
@@ -55,16 +55,16 @@ std::string FigureText(double metres) {
     return TextOf(digits, exponent);
 }
 
-bool ReadFigure(std::string_view text, double* metres) {
+bool ReadFigure(std::string_view text, double* number, double least) {
     if (text == NoNumber) {
-        *metres = std::numeric_limits<double>::quiet_NaN();
+        *number = std::numeric_limits<double>::quiet_NaN();
         return true;
     }
     double value = 0;
-    if (!KvRefSystem::ParseWholeDouble(text, &value) || FigureText(value) != text) {
+    if (!KvRefSystem::ParseWholeDouble(text, &value) || FigureText(value, least) != text) {
         return false;
     }
-    *metres = value;
+    *number = value;
     return true;
 }
 

@@ -11,13 +11,6 @@ namespace {
 using KvRefSystem::TCoords;
 using KvRefSystem::TMapProjection;
 
-/** What isn't a number is greater than all, and stays. */
-void Enlarge(double* greatest, double difference) {
-    if (!(difference <= *greatest)) {
-        *greatest = std::isfinite(*greatest) ? difference : *greatest;
-    }
-}
-
 TPair Forward(TMapProjection const& projection, TPair const& place) {
     TCoords point{place.X, place.Y, 0, false};
     projection.GeodeticToProjected(&point);
@@ -40,10 +33,12 @@ double Away(TPair const& place, TPair const& found, EReverse reverse, double rad
 
 } // namespace
 
-TDifferences Measure(TCase const& measured, TRow const& row) {
+TNumbers Measure(TCase const& measured, TRow const& row) {
     TMethod const& method = MethodOf(measured.Type);
     std::vector<TPair> const places = PlacesOf(row.Domain);
-    TDifferences greatest;
+    double forward = 0;
+    double reverse = 0;
+    double closure = 0;
     for (TEllipsoid const& ellipsoid : EllipsoidsOf(measured.Ellipsoids)) {
         TProjOperation const proj(measured.Operation + KvRefSystem::FormatText(" +a=%.17g +b=%.17g",
                                                                                ellipsoid.Axes.a,
@@ -53,15 +48,15 @@ TDifferences Measure(TCase const& measured, TRow const& row) {
         for (TPair const& place : places) {
             TPair const plane = proj.Forward(place);
             TPair const ours = Forward(*projection, place);
-            Enlarge(&greatest.Forward, std::hypot(ours.X - plane.X, ours.Y - plane.Y));
+            Enlarge(&forward, std::hypot(ours.X - plane.X, ours.Y - plane.Y));
 
             TPair const found = Reverse(*projection, plane);
-            Enlarge(&greatest.Reverse, Away(proj.Reverse(plane), found, row.Reverse, radius));
+            Enlarge(&reverse, Away(proj.Reverse(plane), found, row.Reverse, radius));
 
-            Enlarge(&greatest.Closure, Away(place, Reverse(*projection, ours), row.Reverse, radius));
+            Enlarge(&closure, Away(place, Reverse(*projection, ours), row.Reverse, radius));
         }
     }
-    return greatest;
+    return {forward, reverse, closure};
 }
 
 } // namespace VellariAccuracy

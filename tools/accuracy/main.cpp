@@ -1,5 +1,9 @@
 #include "tools/accuracy/Check.h"
+#include "tools/accuracy/Contents.h"
+#include "tools/accuracy/ProjOperation.h"
 #include "tools/accuracy/TextFile.h"
+
+#include <Vellari/Vellari.h>
 
 #include <exception>
 #include <iostream>
@@ -10,6 +14,14 @@ namespace {
 
 using namespace VellariAccuracy;
 
+/** The library, started. */
+struct TModule {
+    TModule() { Init_Vellari(); }
+    ~TModule() { Deinit_Vellari(); }
+    TModule(TModule const&) = delete;
+    TModule& operator=(TModule const&) = delete;
+};
+
 enum EStatus : int {
     stHolds = 0,
     stFails = 1,
@@ -17,7 +29,7 @@ enum EStatus : int {
 };
 
 constexpr char Usage[] =
-    "usage: vellari_accuracy --write FILE   measure all projections and write the document\n"
+    "usage: vellari_accuracy --write FILE   measure the whole road and write the document\n"
     "       vellari_accuracy --check FILE   measure, and tell what of the document no longer "
     "holds\n"
     "       vellari_accuracy --help         this text\n";
@@ -27,36 +39,43 @@ int Misuse(std::string const& what) {
     return stMisuse;
 }
 
+void Tell(std::vector<std::string> const& failures) {
+    for (std::string const& failure : failures) {
+        std::cerr << failure << '\n';
+    }
+}
+
 int Write(std::string const& path) {
     TTextFile file(path);
-    std::vector<TFamily> const families = Families();
-    std::vector<TDifferences> const differences = MeasureAll(families);
+    TDocument const document = WholeDocument();
+    std::vector<TNumbers> const measured = MeasureAll(document);
+    std::vector<std::string> const failures = BeyondBounds(document, measured);
+    if (!failures.empty()) {
+        Tell(failures);
+        return stFails;
+    }
     std::vector<TFigures> figures;
-    for (TFamily const& family : families) {
-        for (TCase const& measured : family.Cases) {
-            for (TRow const& row : measured.Rows) {
-                figures.push_back(FiguresOf(row, differences.at(figures.size())));
-            }
+    for (TTable const& table : document.Tables) {
+        for (TLine const& line : table.Lines) {
+            figures.push_back(FiguresOf(table, line, measured.at(figures.size())));
         }
     }
-    file.Commit(Render(families, figures, ProjRelease()));
+    file.Commit(Render(document, figures, ProjRelease()));
     std::cout << path << ": " << figures.size() << " rows written\n";
     return stHolds;
 }
 
 int CheckFile(std::string const& path) {
     std::string const text = ReadTextFile(path);
-    std::vector<TFamily> const families = Families();
-    std::vector<TDifferences> const differences = MeasureAll(families);
-    std::vector<std::string> const failures = Check(families, differences, text, path);
-    for (std::string const& failure : failures) {
-        std::cerr << failure << '\n';
-    }
+    TDocument const document = WholeDocument();
+    std::vector<TNumbers> const measured = MeasureAll(document);
+    std::vector<std::string> const failures = Check(document, measured, text, path);
     if (!failures.empty()) {
+        Tell(failures);
         std::cerr << "PROJ " << ProjRelease() << "; \"make accuracy\" writes the document anew\n";
         return stFails;
     }
-    std::cout << path << ": all " << differences.size() << " rows hold with PROJ " << ProjRelease() << '\n';
+    std::cout << path << ": all " << measured.size() << " rows hold with PROJ " << ProjRelease() << '\n';
     return stHolds;
 }
 
@@ -85,6 +104,7 @@ int Run(std::vector<std::string> const& arguments) {
 
 int main(int count, char** arguments) {
     try {
+        TModule const module;
         return Run(std::vector<std::string>(arguments + 1, arguments + count));
     } catch (std::exception const& failure) {
         std::cerr << "vellari_accuracy: " << failure.what() << '\n';
