@@ -1,3 +1,4 @@
+#include "frame/NumberText.h"
 #include "tests/cli/ToolRunner.h"
 
 #include <gmock/gmock.h>
@@ -21,7 +22,7 @@ TToolRun Area(std::string const& system, std::string const& corners,
 /** @return the number in front of the unit. */
 double SquareMetres(TToolRun const& run) {
     EXPECT_THAT(run.out, testing::MatchesRegex("[0-9.]+ square metres\n"));
-    return std::stod(run.out);
+    return KvRefSystem::ParseLeadingDouble(run.out.c_str());
 }
 
 // --- area --------------------------------------------------------------------------------------------------

@@ -250,9 +250,7 @@ TEST(NumberText, FixedDecimalsFitForEveryNumberAndPrecision) {
     for (double const value :
          {1.0 / 3.0, -1e22, 123456789.123456789, 1e-300, std::numeric_limits<double>::lowest()}) {
         for (int const decimals : {0, 1, 17, 60}) {
-            char expected[512];
-            std::snprintf(expected, sizeof(expected), "%.*f", decimals, value);
-            EXPECT_EQ(Fixed(value, decimals), expected);
+            EXPECT_EQ(Fixed(value, decimals), FormatText("%.*f", decimals, value));
         }
     }
     EXPECT_EQ(Fixed(1.25, -3), "1");

@@ -1,3 +1,4 @@
+#include "frame/NumberText.h"
 #include "shell/refsystems/GeocentricReferenceSystem.h"
 #include "shell/refsystems/public/CoordinateOperation.h"
 #include "tests/support/CartesianSystems.h"
@@ -5,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,7 +29,7 @@ std::string HeaderOf(TStringTree const& tree, int tag) {
 }
 
 double NumberOf(TStringTree const& tree, int tag, int idx) {
-    return std::strtod(FieldOf(tree, tag, idx).c_str(), nullptr);
+    return ParseLeadingDouble(FieldOf(tree, tag, idx).c_str());
 }
 
 std::vector<std::string> NamesOf(TStringTree const& tree) {

@@ -1,10 +1,10 @@
+#include "frame/NumberText.h"
 #include "shell/refsystems/GeodeticReferenceSystem.h"
 #include "tests/support/ProjectedSystems.h"
 #include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -25,7 +25,7 @@ std::string HeaderOf(TStringTree const& tree, int tag) {
 }
 
 double NumberOf(TStringTree const& tree, int tag, int idx) {
-    return std::strtod(FieldOf(tree, tag, idx).c_str(), nullptr);
+    return ParseLeadingDouble(FieldOf(tree, tag, idx).c_str());
 }
 
 std::vector<std::string> Fields(TStringTree const& tree) {

@@ -1,10 +1,10 @@
+#include "frame/NumberText.h"
 #include "frame/imported/BaseGrid.h"
 #include "tests/support/ProjectedSystems.h"
 #include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <map>
 #include <memory>
 #include <string>
@@ -371,8 +371,8 @@ TEST(MapProjectedExports, GeoTiffKeysOfAUserDefinedSystem) {
     EXPECT_EQ(keys[3075], "1");
     EXPECT_EQ(keys[3076], "32767");
     EXPECT_EQ(keys[3077], "1");
-    EXPECT_EQ(std::strtod(keys[3081].c_str(), nullptr), 0);
-    EXPECT_NEAR(std::strtod(keys[3088].c_str(), nullptr), 9, 1e-12);
+    EXPECT_EQ(ParseLeadingDouble(keys[3081].c_str()), 0);
+    EXPECT_NEAR(ParseLeadingDouble(keys[3088].c_str()), 9, 1e-12);
     EXPECT_EQ(keys[3092], "0.9996");
     EXPECT_EQ(keys[3082], "500000");
     EXPECT_EQ(keys[3083], "0");
@@ -388,7 +388,7 @@ TEST(MapProjectedExports, GeoTiffParametersAreInTheSystemsUnit) {
 
     ASSERT_TRUE(system->ExportToGeoTIFF(&keys, false));
     EXPECT_EQ(keys[3077], "1000");
-    EXPECT_EQ(std::strtod(keys[3082].c_str(), nullptr), 500);
+    EXPECT_EQ(ParseLeadingDouble(keys[3082].c_str()), 500);
 }
 
 TEST(MapProjectedExports, AProjectionsCodeStandsForItsParameters) {

@@ -1,6 +1,7 @@
 #include "shell/refsystems/TopocentricHorizontalReferenceSystem.h"
 
 #include "core/refsystems/TopocentricHorizontalReferenceSystem.h"
+#include "frame/NumberText.h"
 #include "shell/refsystems/public/CoordinateOperation.h"
 #include "tests/support/CartesianSystems.h"
 #include "tests/support/ProjectedSystems.h"
@@ -9,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -75,7 +75,7 @@ std::string FieldOf(TStringTree const& tree, int tag, int idx = 0) {
 }
 
 double NumberOf(TStringTree const& tree, int tag, int idx) {
-    return std::strtod(FieldOf(tree, tag, idx).c_str(), nullptr);
+    return ParseLeadingDouble(FieldOf(tree, tag, idx).c_str());
 }
 
 std::string ThrownBy(TTreeChange const& change) {
@@ -229,9 +229,9 @@ TEST(TopocentricHorizontalReferenceSystem, AFlippedChainWorksOnCoreCoordinates) 
     // A left-handed system's chain has its first number along the first shell coordinate, too.
     for (int const swap : {0, 1}) {
         auto const plain = Live(Turned("", swap));
-        auto const shifted = Live(Turned("", swap), [](TStringTree* tree) { AddPlaneShift(tree, 100, 0); });
+        auto const shifted = Live(Turned("", swap), [](TStringTree* tree) { AddPlaneShift(tree, 100, 20); });
 
-        ExpectNear(Transformed(*plain, {1, 2, 3}, *shifted), {101, 2, 3}, 1e-7);
+        ExpectNear(Transformed(*plain, {1, 2, 3}, *shifted), {101, 22, 3}, 1e-7);
     }
 }
 
