@@ -1,13 +1,31 @@
 #include "frame/XmlSectionsDetail.h"
 
 #include "hostkit/XmlIni.h"
+#include "tests/frame/MemoryXIni.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <string>
 
 namespace KvRefSystem {
 namespace {
+
+/** Has sections and lets nobody in, as a reader that runs out of memory. */
+class TClosedReader : public MemoryXIni::TReader {
+public:
+    using TReader::TReader;
+    unsigned long EnterSection(unsigned long) override { return 0; }
+};
+
+std::string MessageOfEntering(TKvXIniReader* reader, char const* key) {
+    try {
+        TXmlReadSection section(reader, key);
+        return section ? "entered" : "nothing there";
+    } catch (std::runtime_error const& failure) {
+        return failure.what();
+    }
+}
 
 TEST(XmlSections, AWrittenSectionIsClosedWhenItsContentThrows) {
     VellariHostKit::TXmlIniWriter writer;
@@ -49,6 +67,20 @@ TEST(XmlSections, AMissingSectionIsFalseAndLeavesNothing) {
     EXPECT_FALSE(static_cast<bool>(section));
     EXPECT_TRUE(section.Leave());
     EXPECT_EQ(ReadXmlInt(&reader, "Section", 7), 7);
+}
+
+TEST(XmlSections, ASectionThatIsThereAndCannotBeEnteredIsAnError) {
+    MemoryXIni::TNode root;
+    root.isSection = true;
+    root.children.push_back({"Section", "", true, {}});
+    root.children.push_back({"Value", "1", false, {}});
+    TClosedReader closed(&root);
+    MemoryXIni::TReader open(&root);
+
+    EXPECT_EQ(MessageOfEntering(&closed, "Section"), "a section can't be entered: Section");
+    EXPECT_EQ(MessageOfEntering(&closed, "Value"), "nothing there");
+    EXPECT_EQ(MessageOfEntering(&closed, "Other"), "nothing there");
+    EXPECT_EQ(MessageOfEntering(&open, "Section"), "entered");
 }
 
 } // namespace

@@ -308,3 +308,11 @@ TEST(SevenParameters, LinearisedCombinationAgreesWithTheExactOneForSmallNumbers)
     EXPECT_NEAR(linear.dY, exact.dY, 1e-8);
     EXPECT_NEAR(linear.dZ, exact.dZ, 1e-8);
 }
+
+TEST(SevenParameters, BeginAsTheIdentity) {
+    T7Params const identity;
+    for (double const number :
+         {identity.wx, identity.wy, identity.wz, identity.m, identity.dX, identity.dY, identity.dZ}) {
+        EXPECT_EQ(number, 0);
+    }
+}

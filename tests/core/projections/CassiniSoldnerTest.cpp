@@ -36,6 +36,14 @@ TEST(CassiniSoldner, CentralMeridianIsTrueToLength) {
     EXPECT_NEAR(point.Y - origin.Y, 1667701.28277367, 1e-3);
 }
 
+TEST(CassiniSoldner, LastTermsCountOnAFlattenedBody) {
+    // A tenth flat, so that the terms that are below a millimetre on the earth show. [Snyder87, 13-5 to 13-10,
+    // 3-21, 3-26] in Python, as printed.
+    auto const flattened = From40North10East({6378137, 5740323.3});
+    ExpectNear(Project(flattened, 55, 14), 274275.60406286607, 1603450.544310506, 1e-7);
+    ExpectNear(Unproject(flattened, 300000, 1500000), 0.24930034253037087, 0.9434258824527795, 1e-14);
+}
+
 TEST(CassiniSoldner, RoundTripsCloseNearTheCentralMeridian) {
     EXPECT_LT(GreatestRoundTripError(From40North10East(), {-70, 70, 9, 11}), 1e-3);
     EXPECT_LT(GreatestRoundTripError(From40North10East(), {-80, 80, 7, 13}), 0.02);

@@ -140,7 +140,16 @@ std::vector<TRecord> WithOneFieldChanged(TRecord const& record) {
     return others;
 }
 
-/** Equality looks at each field of the record, exactly, and never at the ellipsoid. */
+/** A class that hosts derive: of any type, equal to everything. */
+class TForeignProjection final : public TMapProjection {
+public:
+    explicit TForeignProjection(KvRefSystem::TMapProjectionType type) : TMapProjection(type) {}
+    bool operator==(TMapProjection const&) const override { return true; }
+    void ProjectedToGeodetic(TCoords*) const override {}
+    void GeodeticToProjected(TCoords*) const override {}
+};
+
+/** Equality looks at class and type, at each field of the record, exactly, and never at the ellipsoid. */
 template <class TProjection, class TRecord>
 void ExpectEqualityOfRecords(TRecord const& record) {
     TProjection const projection(&Wgs84, &record);
@@ -155,6 +164,11 @@ void ExpectEqualityOfRecords(TRecord const& record) {
         EXPECT_TRUE(changed != projection) << "change " << change;
         ++change;
     }
+    TForeignProjection const foreign(projection.Type);
+    // Compared as bases, so that the first one's operator decides.
+    EXPECT_FALSE(base == static_cast<TMapProjection const&>(foreign)) << "another class of the same type";
+    TForeignProjection const untyped(KvRefSystem::TMapProjectionType(0));
+    EXPECT_FALSE(base == static_cast<TMapProjection const&>(untyped)) << "another class and type";
 }
 
 /** A null record leaves an object without parameters, which equals its like only. */

@@ -276,6 +276,17 @@ TEST(FloatTable, RefusesCountsThatTheTextCannotHold) {
     }
 }
 
+TEST(FloatTable, ACountAboveWhatTheTextCanHoldIsRefusedBeforeTheWorkStarts) {
+    // Seven tokens need thirteen characters; these are twelve.
+    TProgressRecorder progress;
+    FloatTable table;
+    EXPECT_FALSE(table.LoadFromString2("1 2 1 0 0 1 ", &progress));
+    EXPECT_TRUE(progress.starts.empty());
+    // Thirteen could hold them: only the splitting tells that one is missing.
+    EXPECT_FALSE(table.LoadFromString2("1 2 1 0 0 1  ", &progress));
+    EXPECT_EQ(progress.starts.size(), 1u);
+}
+
 TEST(FloatTable, EndsAtAZeroByte) {
     FloatTable table;
     std::string text = Sample;
@@ -483,6 +494,19 @@ TEST(FloatTable, OddStepsStayInTheTable) {
     EXPECT_EQ(table.InterpolateValue(Infinity, Infinity), 4.0f);
     // A step that is too small for a float is 0 in the table.
     EXPECT_EQ(Loaded("2 2 1e-300 0 0 1 2 3 4")->InterpolateValue(5.0f, 5.0f), 4.0f);
+}
+
+TEST(FloatTable, TheOriginBelongsToTheFirstCellWhateverTheStep) {
+    FloatTable table;
+    // From the origin on, the distance in steps of 0 is a NaN, which would end at the last cell.
+    table.Setup(2, 2, 0.0f, 0.0f, 10.0f, 20.0f);
+    table.Rows[0][0] = 1.0f;
+    table.Rows[1][0] = 2.0f;
+    table.Rows[0][1] = 3.0f;
+    table.Rows[1][1] = 4.0f;
+    EXPECT_EQ(table.InterpolateValue(10.0f, 20.0f), 1.0f);
+    EXPECT_EQ(table.InterpolateValue(11.0f, 20.0f), 2.0f);
+    EXPECT_EQ(table.InterpolateValue(10.0f, 21.0f), 3.0f);
 }
 
 // --- Equality ----------------------------------------------------------------------------------------------

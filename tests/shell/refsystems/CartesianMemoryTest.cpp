@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <exception>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -13,7 +14,35 @@ namespace KvRefSystem {
 namespace {
 
 using namespace TestSupport;
+using KvRefSystemTests::AllocationIsToFail;
 using KvRefSystemTests::FailAllocation;
+
+/** Whichever allocation fails: a tree that is reported as filled has all that it has with enough memory. */
+void ExpectWholeOrRefused(std::function<bool(TStringTree*)> const& fill) {
+    TStringTree whole;
+    ASSERT_TRUE(fill(&whole));
+    std::string const expected = TextOf(whole);
+    for (int which = 1;; ++which) {
+        TStringTree tree;
+        bool done = false;
+        FailAllocation(which);
+        try {
+            done = fill(&tree);
+        } catch (std::exception const&) {
+            // Reported as well.
+        }
+        bool const reached = !AllocationIsToFail();
+        FailAllocation(0);
+        if (done) {
+            EXPECT_EQ(TextOf(tree), expected) << "allocation " << which;
+        }
+        if (!reached) {
+            EXPECT_TRUE(done);
+            EXPECT_GT(which, 10);
+            return;
+        }
+    }
+}
 
 class CartesianMemory : public testing::TestWithParam<TCartesianKind> {};
 
@@ -59,6 +88,35 @@ TEST_P(CartesianMemory, GeneratedDescriptionsAndExportsThatRunOutOfMemoryLeaveNo
                   GetParam().exportMif(*system, &text);
               }),
               5);
+}
+
+TEST(GeneratedDescriptionsMemory, AreWholeOrRefused) {
+    TGeocentricText withDatum;
+    withDatum.base = Pulkovo1942();
+    TTopocentricText horizon;
+    horizon.base = Pulkovo1942();
+    auto const geocentric = Live(withDatum);
+    auto const onASphere = Live(TGeocentricText());
+    auto const topocentric = Live(horizon);
+    auto const origin = Texts("2000000", "3000000", "5000000");
+
+    for (TShellReferenceSystem const* const system :
+         {static_cast<TShellReferenceSystem const*>(geocentric.get()),
+          static_cast<TShellReferenceSystem const*>(onASphere.get()),
+          static_cast<TShellReferenceSystem const*>(topocentric.get())}) {
+        ExpectWholeOrRefused(
+            [&](TStringTree* tree) { return system->FillInternalRefSystemTree(tree, origin); });
+    }
+    for (TShellReferenceSystem const* const system :
+         {static_cast<TShellReferenceSystem const*>(geocentric.get()),
+          static_cast<TShellReferenceSystem const*>(topocentric.get())}) {
+        ExpectWholeOrRefused(
+            [&](TStringTree* tree) { return system->FillPrimaryGeodeticRefSystemTree(tree) == 0; });
+        ExpectWholeOrRefused(
+            [&](TStringTree* tree) { return system->FillPrimaryGeodeticRefSystemTreeDeg(tree) == 0; });
+        ExpectWholeOrRefused(
+            [&](TStringTree* tree) { return system->FillPrimaryGeocentricRefSystemTree(tree) == 0; });
+    }
 }
 
 TEST_P(CartesianMemory, ACopyThatRunsOutOfMemoryLeavesNothingBehind) {

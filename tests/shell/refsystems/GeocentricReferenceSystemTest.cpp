@@ -325,6 +325,52 @@ TEST(GeocentricReferenceSystem, WithoutUnitItIsNotWritten) {
 
 // Chains
 
+TEST(GeocentricReferenceSystem, AChainOfTheDescriptionKeepsTheAxesAndTheirSigns) {
+    auto const plain = Live(On(WithZeroShift()));
+    auto const shifted = Live(On(WithZeroShift()), [](TStringTree* tree) { AddPlaneShift(tree, 100, 20); });
+    TPoint point = {};
+
+    ASSERT_TRUE(TransformCoords(plain.get(), 2e6, 3e6, 5e6, shifted.get(), &point[0], &point[1], &point[2]));
+
+    EXPECT_NEAR(point[0], 2000100, 1e-6);
+    EXPECT_NEAR(point[1], 3000020, 1e-6);
+    EXPECT_NEAR(point[2], 5e6, 1e-6);
+}
+
+TEST(GeocentricReferenceSystem, AnAppendedChainKeepsTheAxesAndTheirSigns) {
+    auto const plain = Live(On(WithZeroShift()));
+    auto const shifted = Live(On(WithZeroShift()));
+    TShellRefSystemTransform2DAffineParams affine(true);
+    affine.a13 = 100;
+    affine.a23 = 20;
+    ASSERT_TRUE(shifted->AppendTransform(&affine));
+    TPoint point = {2e6, 3e6, 5e6};
+
+    plain->OperateShellCoords(*shifted, point.data(), false);
+
+    EXPECT_NEAR(point[0], 2000100, 1e-6);
+    EXPECT_NEAR(point[1], 3000020, 1e-6);
+    EXPECT_NEAR(point[2], 5e6, 1e-6);
+}
+
+TEST(GeocentricReferenceSystem, APairwiseChainKeepsTheAxesAndTheirSigns) {
+    auto const plain = Live(On(WithZeroShift()));
+    auto const shifted = Live(On(WithZeroShift()));
+    TShellRefSystemTransform2DAffineParams const identity(true);
+    TShellRefSystemTransform2DAffineParams affine(true);
+    affine.a13 = 100;
+    affine.a23 = 20;
+    ASSERT_TRUE(plain->AppendPairwiseTransform("pair", &identity));
+    ASSERT_TRUE(shifted->AppendPairwiseTransform("pair", &affine));
+    TPoint point = {2e6, 3e6, 5e6};
+
+    plain->OperateShellCoords(*shifted, point.data(), false);
+
+    EXPECT_NEAR(point[0], 2000100, 1e-6);
+    EXPECT_NEAR(point[1], 3000020, 1e-6);
+    EXPECT_NEAR(point[2], 5e6, 1e-6);
+}
+
 TEST(GeocentricReferenceSystem, ChainsReachTheCore) {
     auto const system = Live(On(WithZeroShift()));
     auto const target = Live(On(WithZeroShift()));

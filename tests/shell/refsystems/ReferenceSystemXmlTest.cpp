@@ -50,6 +50,8 @@ std::string Without(std::string document, std::string const& from, std::string c
 TEST(ReferenceSystemXml, AGeodeticSystemSurvives) {
     auto const system = Create(Pulkovo1942());
     system->AxisName[0] = "B";
+    system->AxisName[1] = "L";
+    system->AxisName[2] = "H";
     system->GeoTIFFCode = "4284";
     system->PanoramaCode = "1";
     system->DatumGeoTIFFCode = "6284";
@@ -59,6 +61,8 @@ TEST(ReferenceSystemXml, AGeodeticSystemSurvives) {
     ASSERT_NE(read, nullptr);
     EXPECT_EQ(read->Name, "Pulkovo 1942");
     EXPECT_EQ(read->AxisName[0], "B");
+    EXPECT_EQ(read->AxisName[1], "L");
+    EXPECT_EQ(read->AxisName[2], "H");
     EXPECT_EQ(read->GeoTIFFCode, "4284");
     EXPECT_EQ(read->GeoTIFFType, "2");
     EXPECT_EQ(read->PanoramaCode, "1");

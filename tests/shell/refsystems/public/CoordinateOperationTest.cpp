@@ -4,6 +4,7 @@
 #include "shell/datum/BursaWolfDatumShift.h"
 #include "shell/refsystems/GeodeticReferenceSystem.h"
 #include "tests/support/Descriptions.h"
+#include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
 
@@ -203,8 +204,10 @@ TEST(CompareDatums, TellsUnknownEqualAndDifferent) {
 
 TEST(CompareDatums, NeedsTwoSystems) {
     auto const system = Create(WithZeroShift());
-    EXPECT_THROW(CompareDatums(nullptr, system.get()), std::logic_error);
-    EXPECT_THROW(CompareDatums(system.get(), nullptr), std::logic_error);
+    std::string const message = "CompareDatums(const TShellReferenceSystem*, const TShellReferenceSystem*)";
+    EXPECT_EQ(ThrownText([&] { CompareDatums(nullptr, system.get()); }), message);
+    EXPECT_EQ(ThrownText([&] { CompareDatums(system.get(), nullptr); }), message);
+    EXPECT_THROW(CompareDatums(nullptr, nullptr), std::logic_error);
 }
 
 TEST(PreservesHeights, EqualUnitsAndNoGeoidsAreEnoughWhateverTheEllipsoids) {
