@@ -42,6 +42,8 @@ std::vector<TRoom> const Rooms = {
     {"shell/refsystems/", {"frame/", "core/", "shell/"}},
     {"hostkit/", {"frame/", "hostkit/"}},
     {"tools/accuracy/", {"tools/accuracy/"}},
+    {"tools/determinism/", {"tools/determinism/", "tools/accuracy/"}},
+    {"tools/reference/", {"tools/reference/"}},
     {"tools/vellari/", {"tools/vellari/"}},
     {"bench/", {"bench/"}},
     {"examples/", {}},
