@@ -29,6 +29,13 @@ if(VELLARI_SANITIZE)
         add_compile_options(-Wno-maybe-uninitialized)
     endif()
 endif()
+if(VELLARI_TSAN)
+    if(VELLARI_SANITIZE)
+        message(FATAL_ERROR "VELLARI_TSAN and VELLARI_SANITIZE exclude each other: set one of them to OFF")
+    endif()
+    add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=thread)
+endif()
 if(VELLARI_COVERAGE)
     add_compile_options(--coverage -fprofile-update=atomic)
     add_link_options(--coverage)
@@ -90,6 +97,20 @@ function(vellari_public_includes target)
     target_compile_features(${target} INTERFACE cxx_std_20)
     # Both libraries lie in one folder, in the build tree as in an installed one.
     set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN" BUILD_WITH_INSTALL_RPATH ON)
+endfunction()
+
+# Most of a library's compilation goes into the standard headers; this halves it. Sources still include what they
+# use: the checks of the code read them without it.
+function(vellari_precompile target)
+    if(VELLARI_PCH)
+        target_precompile_headers(${target} PRIVATE
+            <algorithm> <array> <cmath> <cstdint> <functional> <limits> <map> <memory> <optional> <span> <stdexcept>
+            <string> <string_view> <utility> <vector>)
+        if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+            # The time stamp would defeat the compiler cache.
+            target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
+        endif()
+    endif()
 endfunction()
 
 # Exports the names of a version script and nothing else.
