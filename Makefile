@@ -127,6 +127,7 @@ interface:
 	tools/build release
 	tools/abi --check
 	ctest --preset release -R '^(abi|tests_abi)\.' --no-tests=error
+	tests/abi/baseline_host.sh cmake c++ $(CURDIR)/build/release/Vellari.so $(CURDIR)/build/release/libVellariHostKit.so
 
 clean:
 	rm -rf build

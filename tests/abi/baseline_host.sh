@@ -19,9 +19,10 @@ fail() {
 commit=$(tr -d '[:space:]' <"$file")
 [[ $commit =~ ^[0-9a-f]{40}$ ]] || fail "\"$commit\" in $file isn't the full name of a commit"
 if ! git -C "$source" cat-file -e "$commit^{commit}" 2>"$work/git.log"; then
-    fail "the history doesn't reach the baseline's commit $commit ($(head -1 "$work/git.log"))
+    printf 'baseline_host: %s\n' "the history doesn't reach the baseline's commit $commit ($(head -1 "$work/git.log"))
 in a shallow clone run: git fetch --unshallow
-without a clone get one: the headers of that commit are what this check compiles"
+without a clone get one: the headers of that commit are what this check compiles" >&2
+    exit 77 # the tests of a source tree without its history skip this; the long check fails
 fi
 mkdir "$work/then" "$work/hosts"
 git -C "$source" archive "$commit" | tar -x -C "$work/then"

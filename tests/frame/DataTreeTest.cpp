@@ -346,6 +346,28 @@ TEST(DataTree, GenericFieldHasNoCodec) {
     EXPECT_EQ(std::string(buffer, field.WriteToString(buffer, 0, 0)), "(1,0)[1]h\t\n");
 }
 
+TEST(DataTree, GenericTreeIsFilledCopiedAndSearchedLikeAnother) {
+    TDataTree<std::string> tree(0, 0, nullptr, "root");
+    std::string values[] = {"a", "b"};
+    EXPECT_TRUE(tree.InsertField("one", 1, 0, values[0]));
+    EXPECT_TRUE(tree.InsertField("two", 2, 0, values, 2));
+    EXPECT_TRUE(tree.InsertSubtree("below", 3, 4));
+    EXPECT_FALSE(tree.InsertField("one", 1, 0, values[1]));
+    EXPECT_FALSE(tree.InsertField("two", 2, 0, values, 1));
+    EXPECT_FALSE(tree.InsertSubtree("below", 3, 4));
+
+    TDataTree<std::string> copy(0, 0, nullptr, "copy");
+    EXPECT_TRUE(tree.CopyTo(&copy));
+
+    ASSERT_EQ(copy.fields.Size(), 2u);
+    EXPECT_EQ(copy.fields[0]->values[0], "a");
+    EXPECT_EQ(copy.fields[1]->count, 2u);
+    EXPECT_EQ(copy.fields[1]->values[1], "b");
+    ASSERT_EQ(copy.subtrees.Size(), 1u);
+    EXPECT_EQ(copy.subtrees[0]->parent, &copy);
+    EXPECT_EQ(copy.GetFreeSubtreeIndex(3), 5);
+}
+
 TEST(DataTree, AnyBytesSurviveInValuesAndFieldHeaders) {
     std::string bytes;
     for (int byte = 0; byte < 256; ++byte) {

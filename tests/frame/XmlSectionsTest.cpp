@@ -18,6 +18,13 @@ public:
     unsigned long EnterSection(unsigned long) override { return 0; }
 };
 
+/** Throws where it is to report. */
+class TLockedReader : public MemoryXIni::TReader {
+public:
+    using TReader::TReader;
+    bool LeaveSection(unsigned long) override { throw std::logic_error("locked"); }
+};
+
 std::string MessageOfEntering(TKvXIniReader* reader, char const* key) {
     try {
         TXmlReadSection section(reader, key);
@@ -56,6 +63,26 @@ TEST(XmlSections, AReadSectionIsLeftWhenAnExceptionPasses) {
     } catch (std::runtime_error const&) {
         EXPECT_EQ(ReadXmlText(&reader, "After"), "2");
     }
+}
+
+TEST(XmlSections, TheFirstOfTwoFailuresPassesWhenTheSectionCannotBeLeftEither) {
+    MemoryXIni::TNode root;
+    root.isSection = true;
+    root.children.push_back({"Section", "", true, {}});
+    TLockedReader reader(&root);
+
+    try {
+        TXmlReadSection section(&reader, "Section");
+        throw std::runtime_error("inside");
+    } catch (std::runtime_error const& failure) {
+        EXPECT_STREQ(failure.what(), "inside");
+    }
+    EXPECT_THROW(
+        {
+            TXmlReadSection section(&reader, "Section");
+            section.Leave();
+        },
+        std::logic_error);
 }
 
 TEST(XmlSections, AMissingSectionIsFalseAndLeavesNothing) {

@@ -88,6 +88,38 @@ TEST(Polyconic, LongitudesArcSineIsClampedOutsideOfTheMap) {
     EXPECT_LE(std::fabs(point.X), Pi);
 }
 
+double MeridianLength(TPolyconicMapProjection const& projection, double phi);
+double MeridianDerivative(TPolyconicMapProjection const& projection, double phi);
+
+/** Calls two private operations: their names are exported. An explicit instantiation may name what is private. */
+template <auto Length, auto Derivative>
+struct TMeridian {
+    friend double MeridianLength(TPolyconicMapProjection const& projection, double phi) {
+        return (projection.*Length)(phi);
+    }
+    friend double MeridianDerivative(TPolyconicMapProjection const& projection, double phi) {
+        return (projection.*Derivative)(phi);
+    }
+};
+template struct TMeridian<&TPolyconicMapProjection::meridian_length,
+                          &TPolyconicMapProjection::dmeridian_length_dphi>;
+
+TEST(Polyconic, MeridiansDerivativeIsThatOfItsLength) {
+    constexpr double step = 1e-4;
+    constexpr double f = 1 / 298.257223563; // of WGS 84
+    constexpr double e2 = f * (2 - f);
+    for (double const latitude : {-90.0, -54.0, -1.0, 0.0, 30.0, 45.0, 89.0}) {
+        double const phi = latitude * Degree;
+        double const derivative = MeridianDerivative(Brazil(), phi);
+        double const difference = MeridianLength(Brazil(), phi + step) - MeridianLength(Brazil(), phi - step);
+        EXPECT_NEAR(derivative, difference / (2 * step), 1e-9) << latitude;
+
+        // The meridian's radius of curvature in semi-major axes; the series ends behind the sixth power of e.
+        double const sine = std::sin(phi);
+        EXPECT_NEAR(derivative, (1 - e2) / std::pow(1 - e2 * sine * sine, 1.5), 5e-9) << latitude;
+    }
+}
+
 TEST(Polyconic, FieldsStandInTheirStoredOrder) {
     ExpectRecordInStoredOrder<Record>(Fields);
     Record const record(1, 2, 3, 4, 5);

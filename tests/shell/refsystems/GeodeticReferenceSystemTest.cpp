@@ -91,6 +91,24 @@ TEST(GeodeticReferenceSystem, ASystemWithoutAHeightUnitBuildsAndFailsAtItsFirstU
     EXPECT_TRUE(*system == *system); // two missing units are equal
 }
 
+TEST(GeodeticReferenceSystem, ASystemWhoseAngularUnitIsGoneFailsAtItsNextUse) {
+    auto const system = Geodetic(WithZeroShift());
+    delete std::exchange(system->AngularUnit, nullptr);
+    double shell[3] = {};
+    TCoords core = {0, 0, 0, false};
+    std::string text;
+
+    std::string const message =
+        "const TShellAngularUnit& TShellGeodeticReferenceSystem::GetAngularUnit() const";
+    EXPECT_EQ(ThrownText([&] { system->CoordsCoreToShell(TCoords(), shell); }), message);
+    EXPECT_EQ(ThrownText([&] { system->CoordsShellToCore(shell, &core); }), message);
+    EXPECT_FALSE(system->InputCoords(Texts("1", "2", "3"), nullptr, nullptr, shell));
+    EXPECT_FALSE(*system == *system);
+    EXPECT_FALSE(system->Export2DToWKT(&text, false, ""));
+    EXPECT_FALSE(system->ExportToMIFMID(&text, false));
+    EXPECT_EQ(text, "");
+}
+
 TEST(GeodeticReferenceSystem, TheCoreHasTheTextsEllipsoidMeridianAndDatum) {
     TGeodeticText text = Pulkovo1942();
     text.meridian = "90";

@@ -92,6 +92,19 @@ private:
     }
 };
 
+/** Takes the minus for a digit. */
+class TMinusAsDigit : public std::ctype<char> {
+public:
+    TMinusAsDigit() : std::ctype<char>(Table()) {}
+
+private:
+    static mask const* Table() {
+        static std::vector<mask> table(classic_table(), classic_table() + table_size);
+        table['-'] = digit;
+        return table.data();
+    }
+};
+
 } // namespace
 
 TEST(SeparateDMSString, ClassesAreThoseOfTheGlobalLocale) {
@@ -333,6 +346,16 @@ TEST(ShellUnitDegreeMinuteSecondHemisphere, LettersAreNotCheckedAgainstTheAxis) 
 
 TEST(ShellUnitDegreeMinuteSecondHemisphere, MinusIsASeparatorAndNoSign) {
     ExpectReadings(*Hemisphere(), {{"-12 30 0 N", 12.5}, {"-12", 12.0}, {"-12 30 S", -12.5}});
+}
+
+TEST(ShellUnitDegreeMinuteSecondHemisphere, NegativeDegreesAreSouthWhateverTheLetter) {
+    // A minus only gets as far as the number where the host's locale counts it among the digits.
+    std::locale const before = std::locale::global(std::locale(std::locale(), new TMinusAsDigit));
+    double value = 0;
+    bool const isRead = Hemisphere()->StringToValue("-12 30 N", &value);
+    std::locale::global(before);
+    EXPECT_TRUE(isRead);
+    EXPECT_EQ(value, -12.5);
 }
 
 TEST(ShellUnitDegreeMinuteSecondHemisphere, MinusBeforeTheDegreesMayCostTheSeconds) {
