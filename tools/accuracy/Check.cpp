@@ -6,6 +6,7 @@
 #include <cmath>
 #include <functional>
 #include <map>
+#include <utility>
 
 namespace VellariAccuracy {
 
@@ -54,7 +55,9 @@ void CheckRow(TTable const& table, TDocumentRow const& row, TNumbers const& meas
         } else {
             continue;
         }
-        failures->push_back(before + ": " + column.Name + ": " + failure);
+        std::string told = before;
+        told.append(": ").append(column.Name).append(": ").append(failure);
+        failures->push_back(std::move(told));
     }
 }
 

@@ -46,8 +46,8 @@ struct TTable {
     std::vector<TColumn> Columns;
     std::vector<TLine> Lines;
     std::function<TNumbers(std::size_t line)> Measure;
-    std::string Notes = "";  ///< behind the table
-    std::string Before = ""; ///< before the heading: what tables have in common, under a heading of its own
+    std::string Notes = {};  ///< behind the table
+    std::string Before = {}; ///< before the heading: what tables have in common, under a heading of its own
 };
 
 /** The document. */

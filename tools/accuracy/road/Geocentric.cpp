@@ -3,6 +3,7 @@
 #include "tools/accuracy/Domain.h"
 #include "tools/accuracy/TextFile.h"
 #include "tools/accuracy/road/Decimal.h"
+#include "tools/accuracy/road/Folders.h"
 #include "tools/accuracy/road/Tables.h"
 
 #include <algorithm>
@@ -87,7 +88,7 @@ TLine LineOf(TBand const& band, std::vector<double> const& bounds) {
 using TPlaces = std::shared_ptr<std::vector<TExactPlace> const>;
 
 TPlaces AllPlaces() {
-    std::string const path = VELLARI_ACCURACY_DATA "/geocentric-50.txt";
+    std::string const path = std::string(DataFolder) + "/geocentric-50.txt";
     return std::make_shared<std::vector<TExactPlace> const>(ParseExactPlaces(ReadTextFile(path), path));
 }
 

@@ -2,6 +2,7 @@
 
 #include "tools/accuracy/Domain.h"
 #include "tools/accuracy/TextFile.h"
+#include "tools/accuracy/road/Folders.h"
 
 #include <cmath>
 #include <limits>
@@ -83,7 +84,7 @@ private:
 };
 
 std::string CatalogText(std::string const& name) {
-    return ReadTextFile(VELLARI_CATALOG "/" + name + ".txt");
+    return ReadTextFile(std::string(CatalogFolder) + "/" + name + ".txt");
 }
 
 std::string TextOf(double number) {
