@@ -70,6 +70,7 @@ TEST(XmlSections, TheFirstOfTwoFailuresPassesWhenTheSectionCannotBeLeftEither) {
     root.isSection = true;
     root.children.push_back({"Section", "", true, {}});
     TLockedReader reader(&root);
+    TLockedReader another(&root);
 
     try {
         TXmlReadSection section(&reader, "Section");
@@ -79,7 +80,7 @@ TEST(XmlSections, TheFirstOfTwoFailuresPassesWhenTheSectionCannotBeLeftEither) {
     }
     EXPECT_THROW(
         {
-            TXmlReadSection section(&reader, "Section");
+            TXmlReadSection section(&another, "Section");
             section.Leave();
         },
         std::logic_error);

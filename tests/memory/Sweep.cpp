@@ -139,7 +139,7 @@ std::string Complaint(TOperation const& operation, TExpected const& expected, TF
            Difference(expected.before, after);
 }
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(__SANITIZE_ADDRESS__) || defined(VELLARI_SLOW_LIBRARY)
 constexpr bool IsSlow = true;
 #elif defined(__has_feature)
 constexpr bool IsSlow = __has_feature(address_sanitizer);
@@ -147,7 +147,7 @@ constexpr bool IsSlow = __has_feature(address_sanitizer);
 constexpr bool IsSlow = false;
 #endif
 
-/** The next allocation to fail: every one; under the address sanitizer a sample, for time's sake. */
+/** The next allocation to fail: every one; where the library is slow, a sample, for time's sake. */
 int Next(int which) {
     constexpr int firstOnes = 24;
     constexpr int stride = 17;

@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <stdexcept>
 #include <string>
 
 namespace KvRefSystem {
@@ -55,6 +56,29 @@ TEST_P(CartesianMemory, AConstructorThatRunsOutOfMemoryLeavesNothingBehind) {
     FillRest(&tree);
 
     EXPECT_GT(CountSurvivedFailures([&] { GetParam().build(&tree); }), 50);
+}
+
+TEST_P(CartesianMemory, AConstructorWithoutACoreChainFailsAndLeavesNothingBehind) {
+    TStringTree tree;
+    GetParam().fill(&tree);
+    FillRest(&tree);
+    tree.DeleteSubtree(1112, 0); // a proxy has chains of its own
+
+    // Chains take their memory by the form that gives null: the own one, the pair's, and those of a base.
+    int refused = 0;
+    for (bool isRefused = true; isRefused; refused += isRefused) {
+        auto const before = KvRefSystemTests::LiveAllocations();
+        KvRefSystemTests::FailNothrowAllocation(refused + 1);
+        isRefused = false;
+        try {
+            GetParam().build(&tree);
+        } catch (std::runtime_error const&) {
+            isRefused = true;
+        }
+        KvRefSystemTests::FailNothrowAllocation(0);
+        EXPECT_EQ(KvRefSystemTests::LiveAllocations(), before) << refused;
+    }
+    EXPECT_GE(refused, 2);
 }
 
 TEST_P(CartesianMemory, ALoadThatRunsOutOfMemoryLeavesNothingBehind) {

@@ -1,6 +1,7 @@
 #include "shell/refsystems/GeodeticReferenceSystem.h"
 
 #include "frame/imported/BaseGrid.h"
+#include "tests/support/CartesianKinds.h"
 #include "tests/support/Systems.h"
 
 #include <gtest/gtest.h>
@@ -308,6 +309,29 @@ TEST(SettingsEdge, PairwiseChainsOfTheDescriptionReachTheCore) {
 
     ASSERT_EQ(copy->CoreRefSystem->PairwiseTransforms.size(), 1U);
     EXPECT_EQ(copy->CoreRefSystem->PairwiseTransforms.at("A").TransformList.size(), 1U);
+}
+
+/** A kind of a host's own, whose core can't follow. */
+class TStubbornSystem : public TShellGeodeticReferenceSystem {
+public:
+    using TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem;
+    bool InsertCorePairwiseTransforms(std::string const&) override {
+        throw std::runtime_error("the core stays as it is");
+    }
+};
+
+TEST(SettingsEdge, PairsStayWhenTheCoreOfAHostsOwnKindCannotFollow) {
+    TStringTree tree;
+    FillGeodetic(&tree, WithZeroShift());
+    FillRest(&tree);
+    TStubbornSystem system(&tree, nullptr);
+    TShellRefSystemTransform const* const chain = system.FindPairwiseTransforms("pair");
+    ASSERT_NE(chain, nullptr);
+    std::string const before = TextOf(*system.SavedTree);
+
+    EXPECT_THROW(system.ClearPairwiseTransforms("pair"), std::runtime_error);
+    EXPECT_EQ(system.FindPairwiseTransforms("pair"), chain);
+    EXPECT_EQ(TextOf(*system.SavedTree), before);
 }
 
 TEST(SettingsEdge, TheOldGeoidsOwnIdMayNameTheNewOne) {
