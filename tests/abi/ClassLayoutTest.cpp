@@ -76,7 +76,7 @@ protected:
     Abi::TClassLayout Of(std::string const& name) const { return Rules.Of(*Rules.Find(name)); }
 
     Abi::TStatedTable const Stated = Abi::ReadStatedTable(Table, "t");
-    Abi::TLibraryTypes const Library;
+    Abi::TLibraryTypes const Library{};
     Abi::TLayoutRules const Rules{Stated, Library};
 };
 

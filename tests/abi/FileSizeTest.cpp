@@ -60,7 +60,7 @@ TEST(FileSize, NoSourceIsLongerThanAReaderTakesInWithoutAReason) {
     ASSERT_GT(sources.size(), 400u) << "the folders of the sources aren't where they are looked for";
     for (auto const& [path, lines] : sources) {
         bool const listed = std::any_of(LongFiles().begin(), LongFiles().end(),
-                                        [&path](TLongFile const& file) { return file.path == path; });
+                                        [&path = path](TLongFile const& file) { return path == file.path; });
         EXPECT_EQ(lines > mostLines, listed) << path << " has " << lines << " lines; " << mostLines
                                              << " are the most without a row in the list above";
     }

@@ -66,19 +66,19 @@ TEST(HostKitSweep, AStringTreeIsEditedWholeOrNotAtAll) {
          }},
     };
     for (TEdit const& row : edits) {
-        Sweep("host kit", Edits<TStringTree>(row.name, BadAlloc, make, row.edit, &DescribeTree));
+        Sweep("host kit", Edits<TOwnedTree>(row.name, BadAlloc, make, row.edit, &DescribeTree));
     }
     std::shared_ptr<TStringTree> const source = make();
-    TOperation copy = Edits<TStringTree>(
-        "CopyTo", BadAlloc, [] { return std::make_unique<TStringTree>(); },
+    TOperation copy = Edits<TOwnedTree>(
+        "CopyTo", BadAlloc, [] { return std::make_unique<TOwnedTree>(); },
         [source](TStringTree* target) { return source->CopyTo(target); }, &DescribeTree);
     copy.anyState = true; // what is copied stays
     Sweep("host kit", copy);
 }
 
 TEST(HostKitSweep, AStringTreeIsReadWholeOrItSaysSo) {
-    TOperation text = Edits<TStringTree>(
-        "tree from text", BadAlloc, [] { return std::make_unique<TStringTree>(); },
+    TOperation text = Edits<TOwnedTree>(
+        "tree from text", BadAlloc, [] { return std::make_unique<TOwnedTree>(); },
         [](TStringTree* tree) {
             tree->ReadFromString(Description().c_str(), nullptr, nullptr);
             return true;
@@ -92,7 +92,7 @@ TEST(HostKitSweep, AStringTreeIsReadWholeOrItSaysSo) {
     auto const begin = [document] {
         auto const reader = std::make_shared<TXmlIniReader>();
         reader->LoadString(document);
-        auto const tree = std::make_shared<TStringTree>();
+        auto const tree = std::make_shared<TOwnedTree>();
         return TRun{[=] { return tree->ReadFromXML(reader.get(), 0, nullptr) ? Done : False; },
                     [=] { return DescribeTree(*tree); }};
     };

@@ -189,8 +189,8 @@ std::unique_ptr<TShellReferenceSystem> SystemOf(std::string const& text) {
     return system;
 }
 
-std::unique_ptr<TStringTree> TreeOf(std::string const& text) {
-    auto tree = std::make_unique<TStringTree>();
+std::unique_ptr<TOwnedTree> TreeOf(std::string const& text) {
+    auto tree = std::make_unique<TOwnedTree>();
     tree->ReadFromString(text.c_str(), nullptr, nullptr);
     return tree;
 }

@@ -35,8 +35,11 @@ std::vector<TSubject> AllSubjects();
 /** @return the system of a description, which must be one. */
 std::unique_ptr<KvRefSystem::TShellReferenceSystem> SystemOf(std::string const& text);
 
+/** A tree that a pointer may own: trees have no virtual destructor, and no class derives from this one. */
+class TOwnedTree final : public KvRefSystem::TStringTree {};
+
 /** @return the tree of a description's text. */
-std::unique_ptr<KvRefSystem::TStringTree> TreeOf(std::string const& text);
+std::unique_ptr<TOwnedTree> TreeOf(std::string const& text);
 
 /** @return the XML form of a description's system. */
 std::string XmlOfText(std::string const& text);

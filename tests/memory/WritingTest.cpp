@@ -188,11 +188,11 @@ TEST_F(WritingSweep, AGeneratedDescriptionFailsWhole) {
     int forms = 0;
     for (TSubject const& subject : WholeSystems()) {
         std::shared_ptr<TSystem> const system = SystemOf(subject.text);
-        for (auto const& [name, fill] : fills) {
-            TOperation operation = Edits<TStringTree>(
-                subject.name + ", " + name, False | BadAlloc | RuntimeError,
-                [] { return std::make_unique<TStringTree>(); },
-                [&, system](TStringTree* tree) { return fill(*system, tree); }, &DescribeTree);
+        for (auto const& row : fills) {
+            TOperation operation = Edits<TOwnedTree>(
+                subject.name + ", " + row.first, False | BadAlloc | RuntimeError,
+                [] { return std::make_unique<TOwnedTree>(); },
+                [&, system](TStringTree* tree) { return row.second(*system, tree); }, &DescribeTree);
             operation.anyState = true; // the tree is the caller's to end: steps that are done stay
             forms += SweepIfDone(operation);
         }
