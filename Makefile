@@ -114,7 +114,7 @@ same-bits:
 mutants:
 	tools/setup build test mutants
 	tools/build release
-	tools/mutants/mutants.py
+	tools/mutants/mutants.py --workers $(JOBS)
 
 reference:
 	tools/setup build test reference
