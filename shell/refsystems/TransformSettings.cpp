@@ -49,6 +49,18 @@ TDataTree<std::string>* FindOutermost(TStringTree* settings) {
     return sets.size() == 1 ? settings->parent : settings;
 }
 
+/** @return the index of a new set once `old` is gone: the largest that then stands there plus 1. */
+int FreeSetIndexWithout(TDataTree<std::string> const* old, TStringTree const& collection) {
+    TStringTree others;
+    for (unsigned long position = 0; position < collection.subtrees.Size(); ++position) {
+        TDataTree<std::string> const* const set = collection.subtrees[position];
+        if (set != old) {
+            others.InsertSubtree("", set->tag, set->idx);
+        }
+    }
+    return others.GetFreeSubtreeIndex(DescriptionTag::PairwiseTransformSet);
+}
+
 /** The same for a pairwise chain. */
 template <class Core>
 bool FollowPairwiseChain(TShellReferenceSystem* system, std::string const& name, Core core) {
@@ -64,7 +76,7 @@ bool FollowPairwiseChain(TShellReferenceSystem* system, std::string const& name,
                               [&] { added->Keep(); });
     };
     if (collection && collection != old) {
-        int const idx = collection->GetFreeSubtreeIndex(DescriptionTag::PairwiseTransformSet);
+        int const idx = FreeSetIndexWithout(old, *collection);
         TNewSubtree set(collection, "Pairwise Transform Set", DescriptionTag::PairwiseTransformSet, idx, old);
         return writeAndKeep(&set, set.Tree());
     }

@@ -249,6 +249,21 @@ TEST(SettingsEdge, ClearingALaterNameLeavesItInTheDescription) {
     EXPECT_NE(copy->FindPairwiseTransforms("B"), nullptr);
 }
 
+TEST(SettingsEdge, ARewrittenSetTakesTheIndexAfterThoseThatStay) {
+    auto const system = Create(WithZeroShift());
+    AppendPairwise(system.get(), "first", 1);
+    TStringTree* const collection = system->SavedTree->FindSubtree(1109, 0);
+    ASSERT_TRUE(collection->InsertSubtree("set", 1110, 2));
+    ASSERT_TRUE(collection->FindSubtree(1110, 2)->InsertString("name", 7201, 2, "second"));
+
+    AppendPairwise(system.get(), "second", 2);
+
+    // The old set goes before the largest index is looked for: 0 stays, so the new one has 1.
+    EXPECT_NE(collection->FindSubtree(1110, 1), nullptr);
+    EXPECT_EQ(collection->FindSubtree(1110, 2), nullptr);
+    EXPECT_EQ(collection->FindSubtree(1110, 3), nullptr);
+}
+
 TEST(SettingsEdge, TheCollectionGoesWithItsLastSetOnly) {
     auto const system = Create(WithZeroShift());
     AppendPairwise(system.get(), "A", 1);
