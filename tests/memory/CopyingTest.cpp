@@ -36,13 +36,7 @@ std::string DescribeCore(TReferenceSystem const& system) {
 }
 
 std::string DescribeSet(TRefSystemTransformsSet const& set) {
-    std::vector<std::string> lines;
-    set.Output(&lines);
-    std::string text;
-    for (std::string const& line : lines) {
-        text += line + "\n";
-    }
-    return text;
+    return FingerprintOf(set);
 }
 
 class CopyingSweep : public testing::TestWithParam<TSubject> {};

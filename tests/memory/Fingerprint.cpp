@@ -21,7 +21,14 @@ std::string Numbers(double const* values) {
     return FormatText("%.17lg %.17lg %.17lg\n", values[0], values[1], values[2]);
 }
 
-std::string Lines(TRefSystemTransformsSet const& set) {
+std::string XmlOf(TShellReferenceSystem const& system) {
+    VellariHostKit::TXmlIniWriter writer;
+    return system.SaveToXML(&writer) ? writer.ToString() : std::string("no XML");
+}
+
+} // namespace
+
+std::string FingerprintOf(TRefSystemTransformsSet const& set) {
     std::vector<std::string> lines;
     set.Output(&lines);
     std::string text;
@@ -30,13 +37,6 @@ std::string Lines(TRefSystemTransformsSet const& set) {
     }
     return text;
 }
-
-std::string XmlOf(TShellReferenceSystem const& system) {
-    VellariHostKit::TXmlIniWriter writer;
-    return system.SaveToXML(&writer) ? writer.ToString() : std::string("no XML");
-}
-
-} // namespace
 
 std::string FingerprintOf(TShellRefSystemTransform const& chain) {
     std::size_t const cursor = chain.Cursor;
@@ -49,9 +49,9 @@ std::string FingerprintOf(TShellRefSystemTransform const& chain) {
 std::string FingerprintOf(TReferenceSystem const& system) {
     std::string text = FormatText("core %d %d %d\n", static_cast<int>(system.Type), system.ContainsDatum(),
                                   system.NonlinearDatum());
-    text += Lines(system.Transforms);
+    text += FingerprintOf(system.Transforms);
     for (auto const& [name, chain] : system.PairwiseTransforms) {
-        text += name + "\n" + Lines(chain);
+        text += name + "\n" + FingerprintOf(chain);
     }
     for (double const(&point)[3] : points) {
         TCoords coords{point[0], point[1], point[2], false};

@@ -3,6 +3,7 @@
 #include <string>
 
 namespace KvRefSystem {
+class TRefSystemTransformsSet;
 class TReferenceSystem;
 class TShellRefSystemTransform;
 class TShellReferenceSystem;
@@ -13,6 +14,9 @@ namespace MemorySweep {
 
 /** Description, live members, chains, geoid, proxy, XML form, and where a few points go. */
 std::string FingerprintOf(KvRefSystem::TShellReferenceSystem const& system);
+
+/** Its lines. */
+std::string FingerprintOf(KvRefSystem::TRefSystemTransformsSet const& set);
 
 /** Chains, datum, and where a few points go in the world frame. */
 std::string FingerprintOf(KvRefSystem::TReferenceSystem const& system);
