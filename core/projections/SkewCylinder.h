@@ -46,25 +46,25 @@ public:
     /** Easting and northing without the false ones to u and v (metres). */
     TSkewCoordinates Unrectify(double easting, double northing) const;
 
-    double Eccentricity = 0;                      ///< e
-    double HalfEccentricity = 0;                  ///< e/2
+    double Eccentricity{};                        ///< e
+    double HalfEccentricity{};                    ///< e/2
     TConformalLatitudeSeries LatitudeSeries{0.0}; ///< c2, c4, c6, c8
-    double CentreSine = 0;                        ///< s
-    double AposphereConstant = 0;                 ///< B
-    double AposphereRadius = 0;                   ///< q = A/B, metres
-    double CentreT = 0;                           ///< t0
-    double CentreD = 0;                           ///< D
-    double CentreRoot = 0;                        ///< sqrt(D2 - 1), 0 for a D below 1
-    double CentreSign = 0;                        ///< sigma: 1, -1 or 0
-    double CentreF = 0;                           ///< F
-    double ScaleH = 0;                            ///< H
-    double InitialAngle = 0;                      ///< gamma0, radians
-    double CentreG = 0;                           ///< G
-    double NaturalLongitude = 0;                  ///< lambda0, radians
-    double InitialSine = 0;                       ///< sin gamma0
-    double InitialCosine = 0;                     ///< cos gamma0
-    double RectifyingSine = 0;                    ///< sin gammac
-    double RectifyingCosine = 0;                  ///< cos gammac
+    double CentreSine{};                          ///< s
+    double AposphereConstant{};                   ///< B
+    double AposphereRadius{};                     ///< q = A/B, metres
+    double CentreT{};                             ///< t0
+    double CentreD{};                             ///< D
+    double CentreRoot{};                          ///< sqrt(D2 - 1), 0 for a D below 1
+    double CentreSign{};                          ///< sigma: 1, -1 or 0
+    double CentreF{};                             ///< F
+    double ScaleH{};                              ///< H
+    double InitialAngle{};                        ///< gamma0, radians
+    double CentreG{};                             ///< G
+    double NaturalLongitude{};                    ///< lambda0, radians
+    double InitialSine{};                         ///< sin gamma0
+    double InitialCosine{};                       ///< cos gamma0
+    double RectifyingSine{};                      ///< sin gammac
+    double RectifyingCosine{};                    ///< cos gammac
 };
 
 } // namespace KvRefSystem

@@ -50,7 +50,7 @@ public:
     TShellLinearUnit* LinearUnit = nullptr;   ///< owned
     TShellAngularUnit* AngularUnit = nullptr; ///< owned
     TShellScaleUnit* ScaleUnit = nullptr;     ///< owned
-    bool NonLinear = false;                   ///< the core shift evaluates its rotations exactly
+    bool NonLinear{};                         ///< the core shift evaluates its rotations exactly
 };
 
 /** Seven parameters with coordinate frame rotations [EPSG7-2, 9607]: as above with all rotations negated. */
@@ -94,7 +94,7 @@ public:
     TShellLinearUnit* LinearUnit = nullptr;   ///< owned
     TShellAngularUnit* AngularUnit = nullptr; ///< owned
     TShellScaleUnit* ScaleUnit = nullptr;     ///< owned
-    bool NonLinear = false;                   ///< the core shift evaluates its rotations exactly
+    bool NonLinear{};                         ///< the core shift evaluates its rotations exactly
 };
 
 } // namespace KvRefSystem

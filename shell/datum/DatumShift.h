@@ -77,7 +77,7 @@ public:
     virtual bool GetDatumShiftParams(double* dx, double* dy, double* dz, double* rx, double* ry, double* rz,
                                      double* ds) const = 0;
 
-    int Type = 0; ///< a `TShellDatumShiftType`
+    int Type{}; ///< a `TShellDatumShiftType`
 };
 
 /**

@@ -42,9 +42,9 @@ public:
     bool ExportMapProjParamsToGeoTIFF(std::map<int, std::string>* keys, TShellAngularUnit const* angularUnit,
                                       TShellLinearUnit const* linearUnit) const override;
 
-    int Region = 0;       ///< code, from 1 on; 0 after `Reset`
-    int Zone = 0;         ///< within the region, from 1 on; 0 after `Reset`
-    double ZoneWidth = 0; ///< degrees, whatever the angular unit
+    int Region{};       ///< code, from 1 on; 0 after `Reset`
+    int Zone{};         ///< within the region, from 1 on; 0 after `Reset`
+    double ZoneWidth{}; ///< degrees, whatever the angular unit
 };
 
 /**
@@ -75,8 +75,8 @@ public:
                                       TShellLinearUnit const* linearUnit) const override;
 
     std::string Block; ///< its first character is the block; empty after `Reset`
-    int Zone = 0;      ///< within the block, from 1 on; 0 after `Reset`
-    int ZoneWidth = 0; ///< degrees, whatever the angular unit
+    int Zone{};        ///< within the block, from 1 on; 0 after `Reset`
+    int ZoneWidth{};   ///< degrees, whatever the angular unit
 };
 
 /** @return the codes of the regions that have a grid, rising. */

@@ -90,13 +90,13 @@ public:
     bool ExportToGeoTIFF(std::map<int, std::string>* keys, TShellAngularUnit const* angularUnit,
                          TShellLinearUnit const* linearUnit) const;
 
-    TMapProjectionType Type = TMapProjectionType(0); ///< class
-    std::string Name;                                ///< free text; not in XML
-    TShellLinearUnit* LinearUnit = nullptr;          ///< of eastings and northings, owned, may be null
-    TShellAngularUnit* AngularUnit = nullptr;        ///< of angles, owned, may be null
-    TShellScaleUnit* ScaleUnit = nullptr;            ///< of scale factors, owned, may be null
-    std::string GeoTIFFCode;                         ///< of the whole projection, may be empty
-    std::string GeoTIFFType;                         ///< of the method, may be empty
+    TMapProjectionType Type{};                ///< class
+    std::string Name;                         ///< free text; not in XML
+    TShellLinearUnit* LinearUnit = nullptr;   ///< of eastings and northings, owned, may be null
+    TShellAngularUnit* AngularUnit = nullptr; ///< of angles, owned, may be null
+    TShellScaleUnit* ScaleUnit = nullptr;     ///< of scale factors, owned, may be null
+    std::string GeoTIFFCode;                  ///< of the whole projection, may be empty
+    std::string GeoTIFFType;                  ///< of the method, may be empty
 
 protected:
     /**

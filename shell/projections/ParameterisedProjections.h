@@ -278,7 +278,7 @@ public:
     /** From XML. */
     explicit TShellPolarStereographicBasicMapProjection(TKvXIniReader* xml);
 
-    TPole Pole = TPole(0); ///< where the origin is
+    TPole Pole{}; ///< where the origin is
     std::string LongitudeOfNaturalOrigin;
     std::string ScaleFactorAtNaturalOrigin;
     std::string FalseEasting;
@@ -297,7 +297,7 @@ public:
     /** From XML. */
     explicit TShellPolarStereographicNaturalOriginMapProjection(TKvXIniReader* xml);
 
-    TPole Pole = TPole(0); ///< where the origin is
+    TPole Pole{}; ///< where the origin is
     std::string LongitudeOfNaturalOrigin;
     std::string ScaleFactorAtNaturalOrigin;
     std::string FalseEasting;
@@ -316,7 +316,7 @@ public:
     /** From XML. */
     explicit TShellPolarStereographicFalseOriginMapProjection(TKvXIniReader* xml);
 
-    TPole Pole = TPole(0); ///< where the origin is
+    TPole Pole{}; ///< where the origin is
     std::string LongitudeOfNaturalOrigin;
     std::string FirstStandardParallel;
     std::string FalseEasting;

@@ -37,8 +37,8 @@ public:
     bool ExportMapProjParamsToGeoTIFF(std::map<int, std::string>* keys, TShellAngularUnit const* angularUnit,
                                       TShellLinearUnit const* linearUnit) const override;
 
-    int Zone = 0;       ///< from 1 on; 0 after `Reset`
-    bool North = false; ///< hemisphere
+    int Zone{};   ///< from 1 on; 0 after `Reset`
+    bool North{}; ///< hemisphere
 };
 
 /**
@@ -64,8 +64,8 @@ public:
     bool ExportMapProjParamsToGeoTIFF(std::map<int, std::string>* keys, TShellAngularUnit const* angularUnit,
                                       TShellLinearUnit const* linearUnit) const override;
 
-    int Zone = 0;       ///< from 1 on; 0 after `Reset`
-    bool North = false; ///< hemisphere
+    int Zone{};   ///< from 1 on; 0 after `Reset`
+    bool North{}; ///< hemisphere
 };
 
 } // namespace KvRefSystem

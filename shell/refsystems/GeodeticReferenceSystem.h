@@ -90,7 +90,7 @@ public:
     bool ExportVertRefToWKT(std::string const& geoidId, std::string* text) const;
 
     TShellAngularUnit* AngularUnit = nullptr;          ///< unit of the first two coordinates, owned
-    bool PositiveLongitude = false;                    ///< longitudes are reported in [0, 2 pi)
+    bool PositiveLongitude{};                          ///< longitudes are reported in [0, 2 pi)
     TShellVerticalReferenceSystem* Vertical = nullptr; ///< holds the height unit, owned
 
 private:

@@ -99,7 +99,7 @@ public:
     bool NoOrigin = true;                                         ///< there is no centre
     TShellLinearUnit* SphereUnit = nullptr;                       ///< of the radius' text, owned
     std::string SphereRadiusText;                                 ///< as it was written
-    double SphereRadius = 0.0;                                    ///< metres
+    double SphereRadius{};                                        ///< metres
 
 private:
     void ReadTree(TStringTree* tree);
