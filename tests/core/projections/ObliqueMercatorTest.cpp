@@ -146,6 +146,18 @@ TEST(HotineObliqueMercator, CentreOnTheEquatorHasTheSignZero) {
     ExpectNear(Unproject(projection, plane.X, plane.Y), 12 * Degree, 2 * Degree, SeriesEndAngle);
 }
 
+TEST(HotineObliqueMercator, CentreOnTheEquatorHasTheSignZeroAlsoWhereDIsAboveOne) {
+    // D is exactly 1 there; on this ellipsoid it comes out a digit above, which a sign would turn into 0.13 m.
+    TEllipsoidSemiAxes const axes = {6378000.0, 6378000.0 - 6378000.0 / 280.09};
+    double const ratio = axes.b / axes.a;
+    double const e2 = 1 - ratio * ratio;
+    double const d = std::sqrt(1 + e2 / (1 - e2)) * std::sqrt(1 - e2);
+    ASSERT_GT(d * d, 1);
+    THotineParameters const natural(0, 10 * Degree, 45 * Degree, 45 * Degree, 1, 0, 0);
+    TCentredParameters const centre(0, 10 * Degree, 45 * Degree, 45 * Degree, 1, 0, 0);
+    ExpectEqual(Project(TCentred(&axes, &centre), 2, 12), Project(THotine(&axes, &natural), 2, 12));
+}
+
 TEST(HotineObliqueMercator, FoldsBackBeyondAQuarterTurn) {
     THotineParameters const parameters(46 * Degree, 7 * Degree, 60 * Degree, 60 * Degree, 1, 0, 0);
     THotine const projection(&Wgs84, &parameters);

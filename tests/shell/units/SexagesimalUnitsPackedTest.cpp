@@ -172,6 +172,11 @@ TEST(ShellDegreeDecimalMinuteUnit, NegativePrecisionMeansTenDigits) {
     EXPECT_EQ(DecimalMinute()->ValueToString(12.501, -1), "12.300600000000");
 }
 
+TEST(ShellDegreeDecimalMinuteUnit, TenDigitsAreRoundedFromTheHalfOn) {
+    EXPECT_EQ(DecimalMinute()->ValueToString(3.45e-10 / 60.0, -1), "0.000000000003");
+    EXPECT_EQ(DecimalMinute()->ValueToString(3.55e-10 / 60.0, -1), "0.000000000004");
+}
+
 TEST(ShellDegreeDecimalMinuteUnit, DefaultPrecisionOverflowsFrom02147483648MinutesOn) {
     EXPECT_EQ(DecimalMinute()->ValueToString(12.51, -1), "12.30-2147483648");
     EXPECT_EQ(DecimalMinute()->ValueToString(0.2147483647 / 60.0, -1), "0.002147483647");
