@@ -39,7 +39,7 @@ void TLocalCartesianReferenceSystem::OperateCoordsBase(TReferenceSystem const& d
         target.Reach(*this, coords);
     } catch (...) {
         // Kept: hosts know a local source by this text, whatever failed behind it.
-        throw std::logic_error(":(");
+        throw std::logic_error(TLocalTarget::Failure);
     }
 }
 

@@ -71,7 +71,7 @@ void TLocalCurvedReferenceSystem::OperateCoordsBase(TReferenceSystem const& dst,
         target.Reach(*LocalCartesianSystem, coords);
     } catch (...) {
         // Kept: hosts know a local source by this text, whatever failed behind it.
-        throw std::logic_error(":(");
+        throw std::logic_error(TLocalTarget::Failure);
     }
 }
 

@@ -13,6 +13,9 @@ namespace KvRefSystem {
  */
 class __attribute__((visibility("hidden"))) TLocalTarget {
 public:
+    /** Text of whatever fails on the way from a local source. */
+    static constexpr char const* Failure = ":(";
+
     /** @throws std::logic_error for an earth-bound kind or one that doesn't give what it stands for. */
     explicit TLocalTarget(TReferenceSystem const& dst)
         : Cartesian(dst.RelatedLocalCartesianRefSystem()),
@@ -20,7 +23,7 @@ public:
         bool const reachable =
             dst.Type == rstLocalCartesian || (dst.Type == rstLocalCurved && Curved != nullptr);
         if (!reachable || Cartesian == nullptr) {
-            throw std::logic_error(":(");
+            throw std::logic_error(Failure);
         }
     }
 

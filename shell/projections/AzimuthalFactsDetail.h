@@ -50,7 +50,7 @@ struct TFactsOf<TShellObliqueStereographicMapProjection> {
             {Tag::FalseEasting},
             {Tag::FalseNorthing},
         }},
-        .MifDecimals = ParameterText::MifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Eight,
         .Geo = {{
             {GeoKey::NaturalOriginLatitude, Tag::LatitudeOfOrigin},
             {GeoKey::NaturalOriginLongitude, Tag::LongitudeOfNaturalOrigin},
@@ -93,7 +93,7 @@ struct TFactsOf<TShellPolarStereographicMapProjection> {
             {Tag::FalseEasting},
             {Tag::FalseNorthing},
         }},
-        .MifDecimals = ParameterText::MifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Eight,
         .Geo = {{
             {GeoKey::NaturalOriginLatitude, Tag::LatitudeOfOrigin},
             {GeoKey::StraightVerticalPoleLongitude, Tag::LongitudeOfNaturalOrigin},
@@ -129,7 +129,7 @@ struct TFactsOf<TShellQuasiStereographicMapProjection> {
             {Tag::FalseEasting},
             {Tag::FalseNorthing},
         }},
-        .MifDecimals = ParameterText::MifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Eight,
         .Geo = {{
             {GeoKey::NaturalOriginLatitude, Tag::LatitudeOfOrigin},
             {GeoKey::NaturalOriginLongitude, Tag::LongitudeOfNaturalOrigin},
@@ -202,7 +202,7 @@ struct TFactsOf<TShellPolarStereographicBasicMapProjection> {
                                 TPolarStereographicBasicMapProjectionParameters, 4>,
         .XmlRead = PolarXml,
         .Mif = PolarMif,
-        .MifDecimals = ParameterText::MifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Eight,
         .Geo = PolarGeo,
         .GeoScaleDigits = ShortDigits,
     };
@@ -229,7 +229,7 @@ struct TFactsOf<TShellPolarStereographicNaturalOriginMapProjection> {
                                 TPolarStereographicBasicMapProjectionParameters, 4>,
         .XmlRead = PolarXml,
         .Mif = PolarMif,
-        .MifDecimals = ParameterText::MifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Eight,
         .Geo = PolarGeo,
         .GeoScaleDigits = ShortDigits,
     };

@@ -62,7 +62,7 @@ struct TFactsOf<TShellAlbersEqualAreaConicMapProjection> {
             {Tag::FalseEasting},
             {Tag::FalseNorthing},
         }},
-        .MifDecimals = ParameterText::MifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Eight,
         .Geo = {{
             {GeoKey::NaturalOriginLatitude, Tag::LatitudeOfOrigin},
             {GeoKey::NaturalOriginLongitude, Tag::LongitudeOfOrigin},
@@ -132,7 +132,7 @@ struct TFactsOf<TShellLambertConicConformal2SPMapProjection> {
             {Tag::EastingAtFalseOrigin},
             {Tag::NorthingAtFalseOrigin},
         }},
-        .MifDecimals = ParameterText::FineMifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Ten,
         .Geo = LambertGeo,
     };
 };
@@ -165,7 +165,7 @@ struct TFactsOf<TShellLambertConicConformal2SPBelgiumMapProjection> {
             {Tag::EastingAtFalseOrigin},
             {Tag::NorthingAtFalseOrigin},
         }},
-        .MifDecimals = ParameterText::MifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Eight,
         .Geo = LambertGeo,
     };
 };
@@ -204,7 +204,7 @@ struct TFactsOf<TShellLambertConicConformal1SPMapProjection> {
             {Tag::FalseEasting},
             {Tag::FalseNorthing},
         }},
-        .MifDecimals = ParameterText::MifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Eight,
         .Geo = {{
             {GeoKey::NaturalOriginLatitude, Tag::LatitudeOfOrigin},
             {GeoKey::NaturalOriginLongitude, Tag::LongitudeOfNaturalOrigin},
@@ -248,7 +248,7 @@ struct TFactsOf<TShellPolyconicMapProjection> {
             {Tag::FalseEasting},
             {Tag::FalseNorthing},
         }},
-        .MifDecimals = ParameterText::FineMifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Ten,
         .Geo = {{
             {GeoKey::NaturalOriginLatitude, Tag::LatitudeOfOrigin},
             {GeoKey::NaturalOriginLongitude, Tag::LongitudeOfNaturalOrigin},

@@ -57,7 +57,7 @@ struct TFactsOf<TShellTransverseMercatorMapProjection> {
             {Tag::FalseEasting},
             {Tag::FalseNorthing},
         }},
-        .MifDecimals = ParameterText::FineMifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Ten,
         .Geo = {{
             // Kept: the longitude under the centre's key; readers of these files take it from there.
             {GeoKey::NaturalOriginLatitude, Tag::LatitudeOfOrigin},
@@ -149,7 +149,7 @@ struct TFactsOf<TShellHotineObliqueMercatorMapProjection> {
             {Tag::FalseEasting},
             {Tag::FalseNorthing},
         }},
-        .MifDecimals = ParameterText::MifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Eight,
         .Geo = {{
             {GeoKey::CentreLatitude, Tag::LatitudeOfProjectionCentre},
             {GeoKey::CentreLongitude, Tag::LongitudeOfProjectionCentre},
@@ -204,7 +204,7 @@ struct TFactsOf<TShellNZMGMapProjection> {
             {Tag::FalseEasting},
             {Tag::FalseNorthing},
         }},
-        .MifDecimals = ParameterText::MifDecimals,
+        .MifRounding = ParameterText::TMifRounding::Eight,
         .Geo = {{
             {GeoKey::NaturalOriginLatitude, Tag::LatitudeOfOrigin},
             {GeoKey::NaturalOriginLongitude, Tag::LongitudeOfNaturalOrigin},

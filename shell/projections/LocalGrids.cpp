@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdint>
 #include <iterator>
+#include <optional>
 #include <stdexcept>
 
 namespace KvRefSystem {
@@ -199,25 +200,31 @@ TGrid ZoneGrid(TOrigin const& first, int zone, double eastward) {
     return {eastward + first.Meridian, Scale, zone * ZoneInEasting + first.Easting, first.Northing};
 }
 
-/** @throws std::runtime_error for an unknown region. */
-TGrid RegionGrid(int region, int zone, double width) {
+/** @return nothing for an unknown region. */
+std::optional<TGrid> RegionGrid(int region, int zone, double width) {
     if (TOrigin const* const first = FindFirstZone(region, width)) {
         return ZoneGrid(*first, zone, (zone - 1.0) * width);
     }
     if (TOrigin const* const grid = FindOneGrid(region)) {
-        return {grid->Meridian, Scale, grid->Easting, grid->Northing};
+        return TGrid{grid->Meridian, Scale, grid->Easting, grid->Northing};
     }
-    throw std::runtime_error("TShellMSKxxMapProjection::CreateCoreMapProjection");
+    return std::nullopt;
 }
 
-/** @throws std::runtime_error for an unknown block. */
-TGrid BlockGrid(std::string const& block, int zone, int width) {
+/** @return nothing for an unknown block. */
+std::optional<TGrid> BlockGrid(std::string const& block, int zone, int width) {
     TOrigin const* const first = FindBlock(block);
     if (!first) {
-        throw std::runtime_error("TShellSK63MapProjection::CreateCoreMapProjection");
+        return std::nullopt;
     }
     std::int64_t const eastward = (std::int64_t(zone) - 1) * width; // twice the bits: never too large
     return ZoneGrid(*first, zone, static_cast<double>(eastward));
+}
+
+/** @return null without a grid, too. */
+TMapProjection* CreateCore(TEllipsoidSemiAxes const* semiAxes, std::optional<TGrid> const& grid) {
+    return TransverseGrid::CoreOrNull(
+        [&] { return grid ? TransverseGrid::CreateTransverseMercator(semiAxes, *grid) : nullptr; });
 }
 
 } // namespace
@@ -237,9 +244,7 @@ TShellMSKxxMapProjection::TShellMSKxxMapProjection(TStringTree* tree) : TShellMa
 }
 
 TMapProjection* TShellMSKxxMapProjection::CreateCoreMapProjection(TEllipsoidSemiAxes* semiAxes) const {
-    return TransverseGrid::CoreOrNull([&] {
-        return TransverseGrid::CreateTransverseMercator(semiAxes, RegionGrid(Region, Zone, ZoneWidth));
-    });
+    return CreateCore(semiAxes, RegionGrid(Region, Zone, ZoneWidth));
 }
 
 bool TShellMSKxxMapProjection::operator==(TShellMapProjection const& other) const {
@@ -274,9 +279,7 @@ TShellSK63MapProjection::TShellSK63MapProjection(TStringTree* tree) : TShellMapP
 }
 
 TMapProjection* TShellSK63MapProjection::CreateCoreMapProjection(TEllipsoidSemiAxes* semiAxes) const {
-    return TransverseGrid::CoreOrNull([&] {
-        return TransverseGrid::CreateTransverseMercator(semiAxes, BlockGrid(Block, Zone, ZoneWidth));
-    });
+    return CreateCore(semiAxes, BlockGrid(Block, Zone, ZoneWidth));
 }
 
 bool TShellSK63MapProjection::operator==(TShellMapProjection const& other) const {

@@ -3,6 +3,7 @@
 #include "frame/XmlSectionsDetail.h"
 #include "shell/projections/ParameterisedProjections.h"
 #include "shell/projections/ProjectionTagsDetail.h"
+#include "shell/projections/ReportFailureDetail.h"
 
 #include <memory>
 #include <stdexcept>
@@ -20,7 +21,7 @@ std::unique_ptr<Unit> ReadUnit(TKvXIniReader* reader, char const* key) {
     }
     auto unit = std::make_unique<Unit>(reader);
     if (!section.Leave()) {
-        throw std::runtime_error("a unit's section doesn't close");
+        throw TUnusableProjection();
     }
     return unit;
 }
@@ -52,14 +53,14 @@ TShellMapProjection::TShellMapProjection(TStringTree* tree) {
 
 void TShellMapProjection::ReadTree(TStringTree* tree) {
     if (!tree) {
-        throw std::runtime_error("no tree");
+        throw TUnusableProjection();
     }
     tree->GetString(ProjectionTag::Name, 0, &Name);
     int type = 0;
     tree->GetInteger(ProjectionTag::Type, 0, &type);
     Type = TMapProjection::IntToType(type);
     if (Type == 0) {
-        throw std::runtime_error("no type");
+        throw TUnusableProjection();
     }
     if (TStringTree* const unit = tree->FindSubtree(ProjectionTag::LinearUnit, 0)) {
         LinearUnit = new TShellLinearUnit(unit);
@@ -67,7 +68,7 @@ void TShellMapProjection::ReadTree(TStringTree* tree) {
     if (TStringTree* const unit = tree->FindSubtree(ProjectionTag::AngularUnit, 0)) {
         AngularUnit = CreateShellAngularUnit(unit);
         if (!AngularUnit) {
-            throw std::runtime_error("an angular unit without a code");
+            throw TUnusableProjection();
         }
     }
     if (TStringTree* const unit = tree->FindSubtree(ProjectionTag::ScaleUnit, 0)) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "shell/projections/MapProjection.h"
+#include "shell/projections/ParameterTextDetail.h"
 #include "shell/projections/ProjectionTagsDetail.h"
 
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <memory>
 #include <span>
 #include <utility>
@@ -29,7 +31,7 @@ namespace GeoKey = ProjectionGeoKey;
 inline constexpr std::size_t MaxParameters = 7;
 
 /** Stands where others have a latitude parameter: 90 degrees north, whatever the texts say. */
-inline constexpr int NorthPole = -1;
+inline constexpr int NorthPole = std::numeric_limits<int>::min();
 
 /** Significant digits of "%lg". */
 inline constexpr int ShortDigits = 6;
@@ -114,7 +116,7 @@ struct TProjectionFacts {
     char const* WktName = nullptr;
     TRows<TNamed> Wkt = {};
     TRows<TMifNumber> Mif = {};
-    int MifDecimals = 0; ///< of a degree, to which the clause's angles are rounded
+    ParameterText::TMifRounding MifRounding{}; ///< of the clause's angles
     TRows<TGeoNumber> Geo = {};
     int GeoScaleDigits = 0; ///< significant digits of the scale factor
 };
@@ -170,10 +172,10 @@ constexpr bool AreConsistent(TProjectionFacts const& facts) {
     return facts.Type != 0 && facts.ClassName && facts.Build.Count == numbers && numbers > 0 &&
            hasPole == facts.Pole.Exists && (facts.Xml == TXmlForm::Own) == !Filled(facts.XmlRead).empty() &&
            (facts.WktName != nullptr) == !Filled(facts.Wkt).empty() &&
-           (facts.MifDecimals != 0) == !Filled(facts.Mif).empty() && NamesParameters(facts, facts.Record) &&
-           NamesParameters(facts, facts.XmlRead) && NamesParameters(facts, facts.XmlWritten) &&
-           NamesParameters(facts, facts.Wkt) && NamesParameters(facts, facts.Mif) &&
-           NamesParameters(facts, facts.Geo);
+           (facts.MifRounding != ParameterText::TMifRounding::None) == !Filled(facts.Mif).empty() &&
+           NamesParameters(facts, facts.Record) && NamesParameters(facts, facts.XmlRead) &&
+           NamesParameters(facts, facts.XmlWritten) && NamesParameters(facts, facts.Wkt) &&
+           NamesParameters(facts, facts.Mif) && NamesParameters(facts, facts.Geo);
 }
 
 template <class Core, class Record, std::size_t... Index>

@@ -1,8 +1,8 @@
 #include "frame/NumberText.h"
 #include "shell/projections/ParameterTextDetail.h"
+#include "shell/projections/ReportFailureDetail.h"
 
 #include <cmath>
-#include <stdexcept>
 #include <string_view>
 
 namespace KvRefSystem::ParameterText {
@@ -19,7 +19,7 @@ constexpr double ToFineMifDecimals = 1e10;
 
 TShellUnit const& Required(TShellUnit const* unit) {
     if (!unit) {
-        throw std::runtime_error("a map projection without the unit of a parameter");
+        throw TUnusableProjection();
     }
     return *unit;
 }
@@ -28,7 +28,7 @@ TShellUnit const& Required(TShellUnit const* unit) {
 void RequireText(std::string const& text) {
     std::string_view const read = text.c_str();
     if (read.find_first_not_of(" \t\n\v\f\r") == std::string_view::npos) {
-        throw std::runtime_error("a map projection with an empty parameter");
+        throw TUnusableProjection();
     }
 }
 
@@ -44,7 +44,7 @@ std::string InUnit(TShellUnit const* unit, std::string const& text, TShellUnit c
     RequireText(text);
     std::string result;
     if (!Convert(Required(unit), text, Required(target), &result)) {
-        throw std::runtime_error("a map projection with a parameter in a unit of another kind");
+        throw TUnusableProjection();
     }
     return result;
 }
@@ -57,8 +57,8 @@ double ToRadians(double degrees) {
     return degrees * Pi / 180.0;
 }
 
-double RoundDegrees(double degrees, int decimals) {
-    bool const isFine = decimals == FineMifDecimals;
+double RoundDegrees(double degrees, TMifRounding rounding) {
+    bool const isFine = rounding == TMifRounding::Ten;
     double const steps = std::floor(degrees * (isFine ? ToFineMifDecimals : ToMifDecimals) + 0.5);
     return steps * (isFine ? FromFineMifDecimals : FromMifDecimals);
 }

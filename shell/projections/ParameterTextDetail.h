@@ -10,21 +10,23 @@
 /** How all projections read and print their parameters; not for hosts, and hidden from them. */
 namespace KvRefSystem::ParameterText {
 
-/** Angles of MapInfo clauses have this many decimals of a degree, unless a class says otherwise. */
-inline constexpr int MifDecimals = 8;
-
-/** Those of the classes that keep more. */
-inline constexpr int FineMifDecimals = 10;
+/** How many decimals of a degree the angles of a MapInfo clause keep. */
+enum class TMifRounding : int {
+    None, ///< there is no clause
+    Eight,
+    Ten,
+};
 
 /**
  * @param unit may be null. @return the parameter in base units: radians, metres or the plain factor.
- * @throws std::runtime_error without a unit, for an empty or blank text and for one that doesn't parse.
+ * @throws TUnusableProjection without a unit and for an empty or blank text; std::runtime_error for one that
+ *         doesn't parse.
  */
 double ToBase(TShellUnit const* unit, std::string const& text);
 
 /**
  * @param unit, target may be null. @return the parameter's text in another unit, with all digits.
- * @throws std::runtime_error as `ToBase`, and for two kinds of units; std::logic_error for a notation that
+ * @throws as `ToBase`; TUnusableProjection for two kinds of units; std::logic_error for a notation that
  *         needs an axis.
  */
 std::string InUnit(TShellUnit const* unit, std::string const& text, TShellUnit const* target);
@@ -35,10 +37,10 @@ double ToDegrees(double radians);
 /** @return the angle (degrees) in radians: times pi, then over 180. */
 double ToRadians(double degrees);
 
-/** @return degrees rounded half up to a number of decimals, as the product with their power of ten. */
-double RoundDegrees(double degrees, int decimals);
+/** @return degrees rounded half up to these decimals, as the product with their power of ten. */
+double RoundDegrees(double degrees, TMifRounding rounding);
 
-/** @return metres in `unit` as text, with all digits. @throws std::runtime_error without a unit. */
+/** @return metres in `unit` as text, with all digits. @throws TUnusableProjection without a unit. */
 std::string LengthText(TShellLinearUnit const* unit, double metres);
 
 /** The WKT PARAMETER list as it grows. */

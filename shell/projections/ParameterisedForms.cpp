@@ -73,7 +73,7 @@ int PoleSignOf(TProjectionFacts const& facts, TShellMapProjection const& shell, 
     }
     int const sign = SignOf(facts.Pole.Read(shell));
     if (sign == 0) {
-        throw std::runtime_error("a polar map projection without its pole");
+        throw TUnusableProjection();
     }
     return sign;
 }
@@ -102,7 +102,7 @@ std::string MifText(TProjectionFacts const& facts, TShellMapProjection const& sh
     case utLinear:
         return ParameterText::LengthText(outputUnit, value);
     case utAngular:
-        return FormatText("%.*lg", number.Digits, ParameterText::RoundDegrees(value, facts.MifDecimals));
+        return FormatText("%.*lg", number.Digits, ParameterText::RoundDegrees(value, facts.MifRounding));
     default:
         return FormatText("%.*lg", number.Digits, value);
     }
@@ -112,7 +112,7 @@ std::string GeoText(TProjectionFacts const& facts, TShellMapProjection const& sh
                     TShellAngularUnit const* angularUnit, TShellLinearUnit const* linearUnit) {
     if (int const sign = PoleSignOf(facts, shell, key)) {
         if (!angularUnit) {
-            throw std::runtime_error("a polar map projection without the unit of its latitude");
+            throw TUnusableProjection();
         }
         double const latitude = ParameterText::ToRadians(sign * RightAngleDegrees);
         return angularUnit->ValueToString(latitude * angularUnit->CoefFromBase, -1);

@@ -41,20 +41,19 @@ constexpr ParameterFacts::TProjectionFacts const* ParameterisedClasses[] = {
 struct TZonedClass {
     TMapProjectionType Type;
     std::array<int, 4> Keys; ///< in the order in which they are read; 0 where there are fewer
-    int OptionalKey;         ///< the one that may be missing, or 0
+    int OptionalKey{};       ///< the one that may be missing, or 0
 };
 
 constexpr TZonedClass ZonedClasses[] = {
     {mptGaussBoaga,
-     {Tag::LongitudeOfOrigin, Tag::ScaleFactorAtOrigin, Tag::FalseEasting, Tag::FalseNorthing},
-     0},
+     {Tag::LongitudeOfOrigin, Tag::ScaleFactorAtOrigin, Tag::FalseEasting, Tag::FalseNorthing}},
     {mptGaussKrugerWide,
      {Tag::LongitudeOfOrigin, Tag::FalseEasting, Tag::FalseNorthing, Tag::ScaleFactorAtOrigin},
      Tag::ScaleFactorAtOrigin},
-    {mptGaussKruger6, {Tag::Zone, Tag::Hemisphere}, 0},
-    {mptUTM, {Tag::Zone, Tag::Hemisphere}, 0},
-    {mptMSKxx, {Tag::Zone, Tag::ZoneWidth, Tag::Region}, 0},
-    {mptSK63, {Tag::Zone, Tag::ZoneWidth, Tag::Block}, 0},
+    {mptGaussKruger6, {Tag::Zone, Tag::Hemisphere}},
+    {mptUTM, {Tag::Zone, Tag::Hemisphere}},
+    {mptMSKxx, {Tag::Zone, Tag::ZoneWidth, Tag::Region}},
+    {mptSK63, {Tag::Zone, Tag::ZoneWidth, Tag::Block}},
 };
 
 TMapProjectionParameter Describe(int key, bool isOptional) {

@@ -1,11 +1,18 @@
 #pragma once
 
+#include <exception>
 #include <map>
 #include <new>
 #include <stdexcept>
 #include <string>
 
 namespace KvRefSystem {
+
+/**
+ * A projection can't be read, computed with or exported. Whoever asked for that answers with false, null or a
+ * text of its own, and so this has none.
+ */
+class __attribute__((visibility("hidden"))) TUnusableProjection : public std::exception {};
 
 /** Runs an export: a failure inside is a false, but memory that runs out passes. */
 template <class Export>

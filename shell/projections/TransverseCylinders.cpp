@@ -66,7 +66,7 @@ template <class Shell>
 bool ExportToMif(Shell const& shell, TShellLinearUnit const* unit, std::string* text) {
     return ReportFailure([&] {
         double const meridian = ParameterText::RoundDegrees(ParameterText::ToDegrees(MeridianOf(shell)),
-                                                            ParameterText::FineMifDecimals);
+                                                            ParameterText::TMifRounding::Ten);
         double const easting = ToBase(shell.LinearUnit, shell.FalseEasting);
         double const northing = ToBase(shell.LinearUnit, shell.FalseNorthing);
         *text += FormatText(", %.16lg, %.16lg, %.16lg, ", meridian, 0.0, ScaleOf(shell)) +

@@ -1,10 +1,10 @@
 #include "core/projections/TransverseMercator.h"
 #include "frame/NumberText.h"
 #include "shell/projections/ParameterTextDetail.h"
+#include "shell/projections/ReportFailureDetail.h"
 #include "shell/projections/TransverseGridDetail.h"
 
 #include <limits>
-#include <stdexcept>
 
 namespace KvRefSystem::TransverseGrid {
 
@@ -16,7 +16,7 @@ constexpr double Equator = 0;
 
 TMapProjection* CreateTransverseMercator(TEllipsoidSemiAxes const* semiAxes, TGrid const& grid) {
     if (!semiAxes) {
-        throw std::runtime_error("a map projection without an ellipsoid");
+        throw TUnusableProjection();
     }
     double const centralMeridian = ParameterText::ToRadians(grid.CentralMeridian);
     TTransverseMercatorMapProjectionParameters const parameters(centralMeridian, Equator, grid.ScaleFactor,

@@ -24,7 +24,7 @@ struct TGrid {
 
 /**
  * @return the core projection, owned by the caller.
- * @throws std::runtime_error without semi-axes.
+ * @throws TUnusableProjection without semi-axes.
  */
 TMapProjection* CreateTransverseMercator(TEllipsoidSemiAxes const* semiAxes, TGrid const& grid);
 

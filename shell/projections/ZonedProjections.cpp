@@ -77,7 +77,7 @@ struct TZoned {
 
     static TGrid Grid(Shell const& shell, std::int64_t (*meridian)(std::int64_t)) {
         if (shell.Zone < 1) {
-            throw std::runtime_error("a zoned map projection without a zone");
+            throw TUnusableProjection();
         }
         return {static_cast<double>(meridian(shell.Zone)), Rules::ScaleFactor,
                 static_cast<double>(Rules::FalseEasting(shell.Zone)), shell.North ? 0 : SouthernNorthing};

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <new>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -79,12 +80,12 @@ private:
  */
 class TChainBackup {
 public:
-    /** @param index of the record that the change may end, which lives on until then; or none of the chain. */
-    explicit TChainBackup(TShellRefSystemTransform* subject, int index)
+    /** @param index of the record that the change may end, which lives on until then; or of none. */
+    TChainBackup(TShellRefSystemTransform* subject, std::optional<int> index)
         : chain(subject), records(subject->Chain), cursor(subject->Cursor) {
-        if (index >= 0 && static_cast<std::size_t>(index) < records.size()) {
-            changed = static_cast<std::size_t>(index);
-            chain->Chain[changed] = new TShellRefSystemTransformShiftZParams; // what the change may end
+        if (index && *index >= 0 && static_cast<std::size_t>(*index) < records.size()) {
+            changed = static_cast<std::size_t>(*index);
+            chain->Chain[*changed] = new TShellRefSystemTransformShiftZParams; // what the change may end
         }
     }
     TChainBackup(TChainBackup const&) = delete;
@@ -92,13 +93,13 @@ public:
 
     ~TChainBackup() {
         if (isKept) {
-            delete (changed < records.size() ? records[changed] : nullptr);
+            delete (changed ? records[*changed] : nullptr);
             return;
         }
         if (chain->Chain.size() > records.size()) {
             delete chain->Chain.back();
-        } else if (chain->Chain.size() == records.size() && changed < records.size()) {
-            delete chain->Chain[changed];
+        } else if (chain->Chain.size() == records.size() && changed) {
+            delete chain->Chain[*changed];
         }
         chain->Chain.swap(records);
         chain->Cursor = cursor;
@@ -110,7 +111,7 @@ private:
     TShellRefSystemTransform* chain;
     std::vector<TShellRefSystemTransformParams*> records;
     std::size_t cursor;
-    std::size_t changed = static_cast<std::size_t>(-1);
+    std::optional<std::size_t> changed;
     bool isKept = false;
 };
 

@@ -28,6 +28,12 @@ int CountNestedProxies(TStringTree const* tree) {
     return std::max(proxy ? 1 + CountNestedProxies(proxy) : 0, base ? CountNestedProxies(base) : 0);
 }
 
+/** @throws std::runtime_error: no geoid can be set. */
+[[noreturn]] void ThrowSetGeoid() {
+    throw std::runtime_error(
+        "void TShellReferenceSystem::SetGeoid(TBaseGrid*, const TShellReferenceSystem*)");
+}
+
 } // namespace
 
 bool TShellReferenceSystem::SetGeoid(std::string const& id, TBaseGrid* grid,
@@ -40,7 +46,7 @@ bool TShellReferenceSystem::SetGeoid(std::string const& id, TBaseGrid* grid,
             isPresent = false;
         }
         if (!grid || !gridRefSys) {
-            throw std::invalid_argument("a geoid needs a grid and the grid's reference system");
+            ThrowSetGeoid();
         }
         Geoid = new TShellGeoid(newId, grid, gridRefSys);
         Geoid->Preset(this);
@@ -51,8 +57,7 @@ bool TShellReferenceSystem::SetGeoid(std::string const& id, TBaseGrid* grid,
         }
         delete Geoid;
         Geoid = nullptr;
-        throw std::runtime_error(
-            "void TShellReferenceSystem::SetGeoid(TBaseGrid*, const TShellReferenceSystem*)");
+        ThrowSetGeoid();
     }
 }
 

@@ -3,6 +3,7 @@
 #include "shell/refsystems/ReferenceSystem.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace KvRefSystem {
@@ -31,7 +32,7 @@ bool FollowOwnChain(TShellReferenceSystem* system, Core core) {
 
 /** Changes a chain and lets `follow` do the rest; memory that runs out puts the chain back. */
 template <class Change, class Follow>
-bool ChangeChain(TShellRefSystemTransform* chain, int index, Change change, Follow follow) {
+bool ChangeChain(TShellRefSystemTransform* chain, std::optional<int> index, Change change, Follow follow) {
     TChainBackup backup(chain, index);
     if (!change()) {
         return false;
@@ -90,7 +91,7 @@ bool FollowPairwiseChain(TShellReferenceSystem* system, std::string const& name,
 bool TShellReferenceSystem::AppendTransform(TShellRefSystemTransformParams const* params) {
     return params && Transform &&
            ChangeChain(
-               Transform, -1, [&] { return Transform->AddNextTransform(*params); },
+               Transform, std::nullopt, [&] { return Transform->AddNextTransform(*params); },
                [this] { return FollowOwnChain(this, [this] { return InsertCoreTransforms(); }); });
 }
 
@@ -111,7 +112,7 @@ bool TShellReferenceSystem::ReplaceTransform(int index, TShellRefSystemTransform
 bool TShellReferenceSystem::SwapTransforms(int first, int second) {
     return Transform &&
            ChangeChain(
-               Transform, -1, [&] { return Transform->SwapTransforms(first, second); },
+               Transform, std::nullopt, [&] { return Transform->SwapTransforms(first, second); },
                [this] { return FollowOwnChain(this, [this] { return InsertCoreTransforms(); }); });
 }
 
@@ -146,7 +147,7 @@ bool TShellReferenceSystem::AppendPairwiseTransform(std::string const& name,
     }
     auto const append = [&](TShellRefSystemTransform* chain) {
         return ChangeChain(
-            chain, -1, [&] { return chain->AddNextTransform(*params); },
+            chain, std::nullopt, [&] { return chain->AddNextTransform(*params); },
             [&] {
                 return FollowPairwiseChain(this, name, [&] { return InsertCorePairwiseTransforms(name); });
             });
@@ -198,7 +199,7 @@ bool TShellReferenceSystem::SwapPairwiseTransforms(std::string const& name, int 
     // Kept: the main chain's description and core follow, so this swap stays in memory until the name's next
     // change.
     return chain && ChangeChain(
-                        chain, -1, [&] { return chain->SwapTransforms(first, second); },
+                        chain, std::nullopt, [&] { return chain->SwapTransforms(first, second); },
                         [this] { return FollowOwnChain(this, [this] { return InsertCoreTransforms(); }); });
 }
 
