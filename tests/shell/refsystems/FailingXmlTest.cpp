@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 #include <vector>
 
 /** Systems of all kinds, written and read while one operation of the writer or the reader fails. */
@@ -71,6 +72,25 @@ TEST(FailingXml, EveryKindTellsOfASectionThatCannotBeEnteredOrLeft) {
             std::unique_ptr<TShellReferenceSystem> const read(CreateShellReferenceSystem(reader, nullptr));
             return read != nullptr;
         });
+    }
+}
+
+TEST(FailingXml, ReservedSectionsAreEnteredAndLeft) {
+    std::string document = XmlOf(*Create(Pulkovo1942()));
+    document.insert(document.find("<RefSystemPrimeMeridian>"),
+                    "<RefSystemHeightSystem></RefSystemHeightSystem>");
+    auto const operations = [](std::string const& text) {
+        TFailingXmlReader reader(text);
+        std::unique_ptr<TShellReferenceSystem> const system(CreateShellReferenceSystem(&reader, nullptr));
+        EXPECT_NE(system, nullptr);
+        return reader.Operations();
+    };
+    for (std::string const key : {"RefSystemHeightSystem", "RefSystemTransform"}) {
+        std::string renamed = document;
+        for (std::size_t at = renamed.find(key); at != std::string::npos; at = renamed.find(key)) {
+            renamed.replace(at, key.size(), "Another");
+        }
+        EXPECT_EQ(operations(document), operations(renamed) + 2) << key;
     }
 }
 

@@ -288,6 +288,8 @@ TEST(SettingsEdge, PairwiseSettingsCarryTheirLabels) {
     EXPECT_EQ(collection->header, "All Pairwise Transforms");
     TStringTree const* const set = collection->FindSubtree(1110, 0);
     EXPECT_EQ(set->header, "Pairwise Transform Set");
+    AppendPairwise(system.get(), "B", 2);
+    EXPECT_EQ(collection->FindSubtree(1110, 1)->header, "Pairwise Transform Set");
     EXPECT_EQ(set->FindField(7201, 0)->header, "Transform set ID");
     TStringTree const* const own = system->SavedTree->FindSubtree(1108, 0);
     EXPECT_EQ(own->header, "Transforms");

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace KvRefSystem {
 namespace {
@@ -40,6 +41,29 @@ TEST(TransformSettings, AppendingChangesChainDescriptionAndCore) {
     EXPECT_NE(system->SavedTree->FindSubtree(1108, 0), nullptr);
     std::unique_ptr<TShellReferenceSystem> const copy(system->CreateCopy());
     EXPECT_NEAR(HeightInWgs84(*copy), 93, 1e-6);
+}
+
+TEST(TransformSettings, ChainsOfGeodeticSystemsTakeTheirAxesAsTheyStand) {
+    auto const target = Create(WithZeroShift());
+    TShellRefSystemTransform2DAffineParams shift(true);
+    shift.a13 = 0.01; // radians of longitude and latitude, from base to transformed: the base has less
+    shift.a23 = 0.02;
+    auto const own = Create(WithZeroShift());
+    ASSERT_TRUE(own->AppendTransform(&shift));
+    auto const pairwise = Create(WithZeroShift());
+    ASSERT_TRUE(pairwise->AppendPairwiseTransform("pair", &shift));
+    auto const partner = Create(WithZeroShift());
+    TShellRefSystemTransform2DAffineParams const identity(true);
+    ASSERT_TRUE(partner->AppendPairwiseTransform("pair", &identity));
+
+    for (auto const& [source, end] : {std::pair(own.get(), target.get()), {pairwise.get(), partner.get()}}) {
+        double latitude = 0;
+        double longitude = 0;
+        double height = 0;
+        EXPECT_TRUE(TransformCoords(source, 50, 10, 100, end, &latitude, &longitude, &height));
+        EXPECT_NEAR(latitude, 50 - 1.1459155902616465, 1e-9);
+        EXPECT_NEAR(longitude, 10 - 0.5729577951308232, 1e-9);
+    }
 }
 
 TEST(TransformSettings, EveryEditReachesTheCore) {
