@@ -58,7 +58,7 @@ bool WriteXmlSection(TKvXIniWriter* writer, std::string const& name, Content wri
     if (handle == 0) {
         return false;
     }
-    bool written = false;
+    bool written{};
     try {
         written = writeContent();
     } catch (...) {

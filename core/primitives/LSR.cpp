@@ -43,8 +43,8 @@ TLSR::TLSR(double const& a, double const& b, double const& lat, double const& lo
 }
 
 TLSR::TLSR(double const& lat, double const& lon) {
-    double a = 0;
-    double b = 0;
+    double a{};
+    double b{};
     GetWGS84SemiAxes(&a, &b);
     Setup(a, b, lat, lon, 0.0, 0.0);
 }

@@ -66,7 +66,7 @@ public:
     TShellAngularUnit* AngularUnit = nullptr; ///< owned; null after `Reset`
     std::string Longitude;                    ///< text in the angular unit, east positive
     int GeoTIFFCode = 0;                      ///< 0 when there is none
-    bool IsZero = true;                       ///< the longitude is exactly 0.0 radians
+    bool IsZero{};                            ///< the longitude is exactly 0.0 radians
 };
 
 } // namespace KvRefSystem

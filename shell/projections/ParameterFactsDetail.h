@@ -4,6 +4,7 @@
 #include "shell/projections/ParameterTextDetail.h"
 #include "shell/projections/ProjectionTagsDetail.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <limits>
@@ -159,6 +160,11 @@ constexpr bool NamesParameters(TProjectionFacts const& facts, TRows<Row> const& 
     return true;
 }
 
+/** @return whether the numbers of the rows are numbers of digits. */
+constexpr bool HaveDigits(TRows<TMifNumber> const& rows) {
+    return std::ranges::all_of(rows, [](TMifNumber const& row) { return row.Digits >= 0; });
+}
+
 /** @return whether the rows of a class agree with each other; if they don't, it doesn't compile. */
 constexpr bool AreConsistent(TProjectionFacts const& facts) {
     bool hasPole = false;
@@ -175,7 +181,7 @@ constexpr bool AreConsistent(TProjectionFacts const& facts) {
            (facts.MifRounding != ParameterText::TMifRounding::None) == !Filled(facts.Mif).empty() &&
            NamesParameters(facts, facts.Record) && NamesParameters(facts, facts.XmlRead) &&
            NamesParameters(facts, facts.XmlWritten) && NamesParameters(facts, facts.Wkt) &&
-           NamesParameters(facts, facts.Mif) && NamesParameters(facts, facts.Geo);
+           NamesParameters(facts, facts.Mif) && HaveDigits(facts.Mif) && NamesParameters(facts, facts.Geo);
 }
 
 template <class Core, class Record, std::size_t... Index>

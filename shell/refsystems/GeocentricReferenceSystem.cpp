@@ -53,7 +53,6 @@ TShellGeocentricReferenceSystem::TShellGeocentricReferenceSystem(TStringTree* tr
 }
 
 TShellGeocentricReferenceSystem::TShellGeocentricReferenceSystem(TKvXIniReader* xml, TKvProgressHandler*) {
-    GeoTIFFType = "3";
     try {
         if (!LoadFromXML(xml)) {
             throw std::runtime_error(XmlText);

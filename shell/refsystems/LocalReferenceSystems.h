@@ -46,7 +46,7 @@ public:
     bool ExportAxesToWKT(std::string* text) const override;
 
     TShellLinearUnit* LinearUnit = nullptr; ///< of all three coordinates, owned
-    bool SwapAxes = false;                  ///< the first shell coordinate is the core's `Y`
+    bool SwapAxes{};                        ///< the first shell coordinate is the core's `Y`
 
 private:
     TReferenceSystem* CreateCore() const;
@@ -96,7 +96,7 @@ public:
     TShellLinearUnit* LinearUnit = nullptr;                       ///< of all three coordinates, owned
     TReferenceSystemCartesianOrientation Orientation = rscoRight; ///< order of the plane coordinates
     std::string OriginCoord[2];                                   ///< the centre, in `LinearUnit`
-    bool NoOrigin = true;                                         ///< there is no centre
+    bool NoOrigin{};                                              ///< there is no centre
     TShellLinearUnit* SphereUnit = nullptr;                       ///< of the radius' text, owned
     std::string SphereRadiusText;                                 ///< as it was written
     double SphereRadius{};                                        ///< metres

@@ -112,9 +112,9 @@ public:
     TShellLinearUnit* LinearUnit = nullptr;                     ///< of the plane coordinates, owned
     TShellGeodeticReferenceSystem* BaseGeodetic = nullptr;      ///< datum, meridian and height unit, owned
     TGeodeticReferenceSystem const* BaseGeodeticCore = nullptr; ///< core of `BaseGeodetic`; not owned
-    bool FlipAxes = false;                                      ///< the first coordinate is the northing
-    int FirstAxisSign = 1;                                      ///< factor of the first coordinate
-    int SecondAxisSign = 1;                                     ///< factor of the second coordinate
+    bool FlipAxes{};                                            ///< the first coordinate is the northing
+    int FirstAxisSign{};                                        ///< factor of the first coordinate
+    int SecondAxisSign{};                                       ///< factor of the second coordinate
 
 private:
     void ReadTree(TStringTree* tree);

@@ -14,6 +14,8 @@ using DescriptionEdit::KeepWithMemory;
 using DescriptionEdit::TChainBackup;
 using DescriptionEdit::TNewSubtree;
 
+constexpr char const* PairwiseSetName = "Pairwise Transform Set";
+
 /**
  * Lets the description, and then what `core` does, follow a change of the own chain. A false keeps what is
  * done; memory that runs out leaves both as they were.
@@ -78,11 +80,11 @@ bool FollowPairwiseChain(TShellReferenceSystem* system, std::string const& name,
     };
     if (collection && collection != old) {
         int const idx = FreeSetIndexWithout(old, *collection);
-        TNewSubtree set(collection, "Pairwise Transform Set", DescriptionTag::PairwiseTransformSet, idx, old);
+        TNewSubtree set(collection, PairwiseSetName, DescriptionTag::PairwiseTransformSet, idx, old);
         return writeAndKeep(&set, set.Tree());
     }
     TNewSubtree all(tree, "All Pairwise Transforms", DescriptionTag::AllPairwiseTransforms, 0, old);
-    return all.Tree()->InsertSubtree("Pairwise Transform Set", DescriptionTag::PairwiseTransformSet, 0) &&
+    return all.Tree()->InsertSubtree(PairwiseSetName, DescriptionTag::PairwiseTransformSet, 0) &&
            writeAndKeep(&all, all.Tree()->FindSubtree(DescriptionTag::PairwiseTransformSet, 0));
 }
 

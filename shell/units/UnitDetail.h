@@ -2,6 +2,7 @@
 
 #include "frame/NumberText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -22,9 +23,8 @@ inline constexpr double DegreesOfRadian = 57.29577951308232;
  */
 inline int DefaultPrecision(double coefToBase, double baseDecimals) {
     double const decimals = std::ceil(std::log10(coefToBase) + baseDecimals);
-    // Written so that a NaN and, after the cut to an int, an infinity end at 0, too.
-    int const precision = decimals > 0.0 ? ToInt32(decimals) : 0;
-    return precision > 0 ? precision : 0;
+    // In this order a NaN and, after the cut to an int, an infinity end at 0, too.
+    return std::max(0, ToInt32(std::max(0.0, decimals)));
 }
 
 /** The WKT UNIT. The name goes in as it is. */
