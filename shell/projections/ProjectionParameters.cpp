@@ -4,6 +4,8 @@
 #include "shell/projections/ConeFactsDetail.h"
 #include "shell/projections/CylinderFactsDetail.h"
 
+#include <algorithm>
+
 namespace KvRefSystem {
 
 namespace {
@@ -36,6 +38,13 @@ constexpr ParameterFacts::TProjectionFacts const* ParameterisedClasses[] = {
     &ParameterFacts::TFactsOf<TShellLambertConicConformal2SPBelgiumMapProjection>::Value,
     &ParameterFacts::TFactsOf<TShellSphericalMercatorMapProjection>::Value,
 };
+
+static_assert(std::ranges::any_of(ParameterisedClasses,
+                                  [](ParameterFacts::TProjectionFacts const* facts) {
+                                      return ParameterFacts::Filled(facts->Fields).size() ==
+                                             ParameterFacts::MaxParameters;
+                                  }),
+              "no class has as many parameters as there is room for");
 
 /** What the shells that go by zones read, and the two that share their cylinder. */
 struct TZonedClass {
