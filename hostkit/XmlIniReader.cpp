@@ -63,7 +63,8 @@ struct Level {
 
 } // namespace
 
-struct TXmlIniReader::State {
+// Hidden, since its functions take what the kit is made with.
+struct __attribute__((visibility("hidden"))) TXmlIniReader::State {
     std::unique_ptr<ParsedDocument> document;
     std::vector<Level> levels;
     unsigned long lastHandle = 0;

@@ -71,7 +71,7 @@ struct Level {
 
 } // namespace
 
-struct TXmlIniWriter::State {
+struct __attribute__((visibility("hidden"))) TXmlIniWriter::State {
     pugi::xml_document document;
     CompactSections compact;
     std::vector<Level> levels;

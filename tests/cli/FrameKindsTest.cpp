@@ -338,6 +338,18 @@ TEST(DescriptionOfAKind, ABaseInDegreesMinutesAndSecondsTakesThem) {
                 HasSubstr("the azimuth, the text \"thirty\" where an angle in its unit is needed"));
 }
 
+TEST(DescriptionOfAKind, AFieldThatStandsTwiceInTheBasesUnitIsRead) {
+    std::string const text = CatalogText("topocentric-moscow");
+    std::size_t const unit = text.find("(1106,0)");
+    ASSERT_NE(unit, std::string::npos);
+    std::size_t const code = text.find("\t\t(5301,0)", unit);
+    std::string const line = text.substr(code, text.find('\n', code) + 1 - code);
+    std::string const twice = text.substr(0, code) + line + text.substr(code);
+
+    EXPECT_EQ(MessageOf(twice), "");
+    EXPECT_THAT(MessageOf(WithText(twice, 1120, 0, "north")), HasSubstr("the origin's latitude"));
+}
+
 TEST(DescriptionOfAKind, ASphereOfRadiusZeroCanBeShownAndNotUsed) {
     std::string const text = Replaced(CurvedText(), "radius\t6371", "radius\t0");
     EXPECT_EQ(MessageOf(text, suShow), "");

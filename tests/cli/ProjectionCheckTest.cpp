@@ -233,6 +233,15 @@ TEST(ProjectionCheck, SexagesimalTextsGoThroughTheirUnit) {
     EXPECT_THAT(MessageOf(InSexagesimalUnit(" ")), HasSubstr("where an angle in its unit is needed"));
 }
 
+TEST(ProjectionCheck, AFieldThatStandsTwiceInTheUnitDoesNotSpoilTheAngle) {
+    std::string const text = InSexagesimalUnit("5 23 15.5");
+    std::size_t const name = text.find("(5320,0)", text.find("(6090,0)"));
+    ASSERT_NE(name, std::string::npos);
+    std::size_t const begin = text.rfind('\n', name) + 1;
+    std::string const line = text.substr(begin, text.find('\n', begin) + 1 - begin);
+    EXPECT_EQ(MessageOf(text.substr(0, begin) + line + text.substr(begin)), "");
+}
+
 // --- Zones, poles, regions ---------------------------------------------------------------------------------
 
 struct TWrongZoneField {

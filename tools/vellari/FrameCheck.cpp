@@ -21,12 +21,7 @@ bool IsNumber(std::string const& text) {
 /** @return the angular unit of a geodetic description, or null. */
 std::unique_ptr<TShellAngularUnit> AngularUnitOf(TStringTree const& geodetic) {
     TStringTree const* const tree = geodetic.FindSubtree(1106, 0);
-    if (!tree) {
-        return nullptr;
-    }
-    TStringTree copy; // the unit's constructor takes a tree that may change
-    tree->CopyTo(&copy);
-    return std::unique_ptr<TShellAngularUnit>(CreateShellAngularUnit(&copy));
+    return tree ? ReadAngularUnit(*tree) : nullptr;
 }
 
 /** @return whether the unit reads a text. */

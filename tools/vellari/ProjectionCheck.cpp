@@ -1,6 +1,7 @@
 #include "tools/vellari/ProjectionCheck.h"
 
 #include "tools/vellari/ProjectionNames.h"
+#include "tools/vellari/SexagesimalText.h"
 #include "tools/vellari/ZoneShorthand.h"
 
 #include <algorithm>
@@ -53,9 +54,7 @@ std::optional<double> AngleOf(TStringTree const& projection, std::string const& 
         return std::nullopt;
     }
     try {
-        TStringTree copy; // the unit's constructor takes a tree that may change
-        tree->CopyTo(&copy);
-        std::unique_ptr<TShellAngularUnit> const unit(CreateShellAngularUnit(&copy));
+        std::unique_ptr<TShellAngularUnit> const unit = ReadAngularUnit(*tree);
         if (!unit) {
             return std::nullopt;
         }

@@ -1,6 +1,7 @@
 #include "tools/vellari/SexagesimalText.h"
 
 #include <cmath>
+#include <stdexcept>
 
 namespace VellariTool {
 
@@ -147,6 +148,15 @@ std::string FindMistakeInPacked(std::string_view text, bool hasSeconds) {
 }
 
 } // namespace
+
+std::unique_ptr<TShellAngularUnit> ReadAngularUnit(TStringTree const& tree) {
+    try {
+        // It is only read; a copy wouldn't do, since that ends at a field that stands twice.
+        return std::unique_ptr<TShellAngularUnit>(CreateShellAngularUnit(const_cast<TStringTree*>(&tree)));
+    } catch (std::runtime_error const&) {
+        return nullptr;
+    }
+}
 
 TSexagesimalNotation NotationOf(TShellAngularUnit const& unit) {
     if (dynamic_cast<TShellUnitDegreeMinuteSecond const*>(&unit)) {

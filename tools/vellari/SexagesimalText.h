@@ -2,6 +2,7 @@
 
 #include <Vellari/Vellari.h>
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,9 @@ enum TSexagesimalNotation : int {
 
 /** @return the notation that the unit's class has. */
 TSexagesimalNotation NotationOf(KvRefSystem::TShellAngularUnit const& unit);
+
+/** @return the angular unit that a system makes of the subtree; null for one that lacks a part. */
+std::unique_ptr<KvRefSystem::TShellAngularUnit> ReadAngularUnit(KvRefSystem::TStringTree const& tree);
 
 /**
  * Looks for what the units' lenient readers would misread without a word: signs and letters at a wrong place,
