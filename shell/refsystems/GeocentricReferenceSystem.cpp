@@ -12,6 +12,8 @@ namespace KvRefSystem {
 
 namespace {
 
+constexpr char const* ModelType = "3"; ///< geocentric, of geokey 1024
+
 char const* const ConstructorText =
     "TShellGeocentricReferenceSystem(TStringTree *tree,TKvProgressHandler *prh)";
 char const* const XmlText =
@@ -42,7 +44,7 @@ std::unique_ptr<TReferenceSystem> CreateCore(TShellGeocentricReferenceSystem con
 
 TShellGeocentricReferenceSystem::TShellGeocentricReferenceSystem(TStringTree* tree, TKvProgressHandler*)
     : TCartesianReferenceSystem(tree) {
-    GeoTIFFType = "3";
+    GeoTIFFType = ModelType;
     TStringTree* const unit = tree->FindSubtree(DescriptionTag::LinearUnit, 0);
     if (!unit) {
         throw std::runtime_error(ConstructorText);
@@ -53,6 +55,7 @@ TShellGeocentricReferenceSystem::TShellGeocentricReferenceSystem(TStringTree* tr
 }
 
 TShellGeocentricReferenceSystem::TShellGeocentricReferenceSystem(TKvXIniReader* xml, TKvProgressHandler*) {
+    GeoTIFFType = ModelType;
     try {
         if (!LoadFromXML(xml)) {
             throw std::runtime_error(XmlText);

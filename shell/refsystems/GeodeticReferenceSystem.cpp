@@ -14,6 +14,7 @@ namespace KvRefSystem {
 
 namespace {
 
+constexpr char const* ModelType = "2"; ///< geographic, of geokey 1024
 constexpr double TwoPi = 6.283185307179586;
 constexpr double HalfPi = 1.5707963267948966;
 
@@ -68,7 +69,7 @@ std::unique_ptr<TReferenceSystem> CreateCore(TShellGeodeticReferenceSystem const
 
 TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TStringTree* tree, TKvProgressHandler*)
     : TShellReferenceSystem(tree) {
-    GeoTIFFType = "2";
+    GeoTIFFType = ModelType;
     TStringTree* const vertical = tree->FindSubtree(DescriptionTag::VerticalSystem, 0);
     if (!vertical) {
         FailConstruction();
@@ -91,7 +92,7 @@ TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TStringTree* tree, 
 }
 
 TShellGeodeticReferenceSystem::TShellGeodeticReferenceSystem(TKvXIniReader* xml, TKvProgressHandler*) {
-    GeoTIFFType = "2";
+    GeoTIFFType = ModelType;
     try {
         if (!LoadFromXML(xml) || !Ellipsoid) {
             throw std::runtime_error(

@@ -18,6 +18,8 @@ namespace KvRefSystem {
 
 namespace {
 
+constexpr char const* ModelType = "1"; ///< projected, of geokey 1024
+
 char const* const ConstructorText =
     "TShellMapProjectedReferenceSystem(TStringTree *tree, TKvProgressHandler *prh)";
 char const* const PairwiseText =
@@ -147,7 +149,7 @@ TGeodeticReferenceSystem const* GeodeticCoreOf(TShellGeodeticReferenceSystem con
 
 TShellMapProjectedReferenceSystem::TShellMapProjectedReferenceSystem(TStringTree* tree, TKvProgressHandler*)
     : TShellReferenceSystem(tree) {
-    GeoTIFFType = "1";
+    GeoTIFFType = ModelType;
     try {
         ReadTree(tree);
         CoreRefSystem = CreateCore(*this, ConstructorText).release();
@@ -180,7 +182,7 @@ void TShellMapProjectedReferenceSystem::ReadTree(TStringTree* tree) {
 
 TShellMapProjectedReferenceSystem::TShellMapProjectedReferenceSystem(TKvXIniReader* xml,
                                                                      TKvProgressHandler*) {
-    GeoTIFFType = "1";
+    GeoTIFFType = ModelType;
     try {
         if (!LoadFromXML(xml)) {
             throw std::runtime_error(XmlText);
