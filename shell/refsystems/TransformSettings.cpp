@@ -64,7 +64,7 @@ int FreeSetIndexWithout(TDataTree<std::string> const* old, TStringTree const& co
     return others.GetFreeSubtreeIndex(DescriptionTag::PairwiseTransformSet);
 }
 
-/** The same for a pairwise chain. */
+/** As `FollowOwnChain`, for a pairwise chain. */
 template <class Core>
 bool FollowPairwiseChain(TShellReferenceSystem* system, std::string const& name, Core core) {
     TShellRefSystemTransform* const chain = system->AccessPairwiseTransforms(name);
